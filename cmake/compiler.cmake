@@ -1,0 +1,39 @@
+# Compiler flags of every target of the project.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# Assertions stay on in every build: a fault of the program ends it rather than writing a wrong bit.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+
+add_library(korvat_flags INTERFACE)
+target_compile_options(
+  korvat_flags
+  INTERFACE -Wall
+            -Wextra
+            -Wconversion
+            -Wshadow
+            -Werror
+            # Formulas keep the order and the rounding in which they are written.
+            -ffp-contract=off
+            -fno-fast-math)
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT KORVAT_SANITIZE)
+  # Debian's hardening flags.
+  target_compile_options(
+    korvat_flags INTERFACE -fstack-protector-strong -Wformat -Werror=format-security
+                           -D_FORTIFY_SOURCE=2 -fPIE)
+  target_link_options(korvat_flags INTERFACE -pie -Wl,-z,relro -Wl,-z,now)
+endif()
+
+if(KORVAT_SANITIZE)
+  target_compile_options(korvat_flags INTERFACE -fsanitize=address,undefined
+                                                -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(korvat_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(KORVAT_COVERAGE)
+  target_compile_options(korvat_flags INTERFACE --coverage)
+  target_link_options(korvat_flags INTERFACE --coverage)
+endif()

@@ -1,0 +1,80 @@
+// Internal reads: numbers out of fixed-length texts, as the runtime converts them.
+#include "fortran/number.hpp"
+
+#include "fortran/write_items.hpp"
+
+#include <cmath>
+
+namespace korvat::fortran {
+namespace {
+
+// Walks over a token; the runtime itself stops at the first character it does not know and takes
+// what stands before it, so the form is judged here.
+class Scanner {
+public:
+    explicit Scanner(std::string_view text) : rest_(text) {}
+
+    bool skip_one_of(std::string_view set) {
+        if (rest_.empty() || set.find(rest_.front()) == std::string_view::npos) return false;
+        rest_.remove_prefix(1);
+        return true;
+    }
+
+    std::size_t skip_digits() {
+        std::size_t count = 0;
+        while (skip_one_of("0123456789"))
+            ++count;
+        return count;
+    }
+
+    [[nodiscard]] bool at_end() const { return rest_.empty(); }
+
+private:
+    std::string_view rest_;
+};
+
+bool is_number(std::string_view token) {
+    Scanner scanner(token);
+    scanner.skip_one_of("+-");
+    std::size_t digits = scanner.skip_digits();
+    if (scanner.skip_one_of(".")) digits += scanner.skip_digits();
+    if (digits == 0) return false;
+    if (scanner.skip_one_of("eEdD")) {
+        scanner.skip_one_of("+-");
+        if (scanner.skip_digits() == 0) return false;
+    }
+    return scanner.at_end();
+}
+
+} // namespace
+
+std::optional<double> convert_number(const Text<50>& field) {
+    if (!is_number(trimmed(field.view()))) return std::nullopt;
+    double value = 0.0;
+    try {
+        fem::read_loop loop(as_fem(field.view()), "(f50.0)");
+        loop, value;
+    } catch (const fem::io_err&) { // the exponent is out of range
+        return std::nullopt;
+    }
+    if (!std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+bool read_integers(std::string_view text, std::string_view format, std::span<int> values) {
+    try {
+        fem::read_loop loop(as_fem(text), as_fem(format));
+        for (int& value : values) {
+            int read = 0;
+            loop, read;
+            value = read;
+        }
+    } catch (const fem::io_err&) {
+        return false;
+    } catch (const fem::read_end&) {
+        return false;
+    }
+    return true;
+}
+
+} // namespace korvat::fortran

@@ -1,0 +1,77 @@
+// Units and records: the door to the Fortran-emulation runtime's open, close, rewind, read, write.
+#pragma once
+
+#include "fortran/item.hpp"
+#include "fortran/text.hpp"
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace korvat::fortran {
+
+enum class OpenStatus { old_file, new_file };
+
+enum class ReadStatus { line, end, error };
+
+// One run's unit table and command line. Units 0, 5 and 6 start on standard error, input and
+// output. A unit that no open has connected is connected at its first use, whatever that is, to a
+// fresh scratch file `fem_io_unit_NNN` in the current directory.
+//
+// Where a scratch file cannot be made or written, the runtime's own exception (a std::exception)
+// leaves the call; nothing here catches it.
+class Runtime {
+public:
+    // Hands the program's arguments to the runtime, which looks for its own option only.
+    Runtime(int argc, const char* const* argv);
+
+    // Closes every unit, the one that an open put on unit 6 included.
+    ~Runtime();
+    Runtime(const Runtime&) = delete;
+    Runtime& operator=(const Runtime&) = delete;
+
+    // Opens `file` on `unit` for formatted sequential access. Returns the I/O status: 0 on success,
+    // 1 when it cannot be opened (old_file: it does not exist; new_file: it exists already). After
+    // a failure unit 6 is standard output again, any other unit is unconnected.
+    [[nodiscard]] int open(int unit, std::string_view file, OpenStatus status);
+
+    // Closes the unit; closing an unconnected one does nothing. The I/O status is always 0.
+    int close(int unit);
+
+    void rewind(int unit);
+
+    // Writes one formatted record (or several, as the FORMAT says). An item whose kind is not the
+    // one its edit descriptor takes is a fault of the program, not of a deck: std::logic_error.
+    // A real that the runtime cannot print under its descriptor appears as w asterisks.
+    template <Writable... Items>
+    void write(int unit, std::string_view format, const Items&... items) {
+        if constexpr (sizeof...(Items) == 0) {
+            write_items(unit, format, {});
+        } else {
+            const Item list[] = {Item(items)...};
+            write_items(unit, format, list);
+        }
+    }
+    void write_items(int unit, std::string_view format, std::span<const Item> items);
+
+    // Reads the next line with the format "(aN)", N being the text's own width: characters beyond
+    // it are skipped, a shorter line is blank-padded. `line` is unchanged unless a line came.
+    template <std::size_t N>
+    [[nodiscard]] ReadStatus read_line(int unit, Text<N>& line) {
+        return read_characters(unit, std::span<char>(line.data(), N));
+    }
+
+    // Reads and drops one line. An end of file or a read error leaves as the runtime's exception.
+    void skip_line(int unit);
+
+private:
+    struct State;
+
+    void connect(int unit);
+    ReadStatus read_characters(int unit, std::span<char> characters);
+
+    std::unique_ptr<State> state_;
+};
+
+} // namespace korvat::fortran

@@ -1,0 +1,162 @@
+// Free-format record reader: one logical record of numbers, continued over lines by its count.
+#include "input/read.hpp"
+
+#include "model/integer.hpp"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace korvat {
+namespace {
+
+using fortran::characters;
+using fortran::last_non_blank;
+using fortran::ReadStatus;
+
+constexpr int physical_width = 80;
+
+// Every line but the last holds a number, and the last may find the value list full.
+constexpr int most_lines = limits::record_values + 1;
+
+// First and last column of a physical line inside LINE, 1-based.
+struct Columns {
+    int first = 1;
+    int last = 1;
+};
+
+// What one call works with.
+struct Record {
+    Store& cmn;
+    int LOC;
+    int IOUNIT;
+    Line& LINE;
+    std::string line_above;                // up to its last non-blank character, at least one
+    std::array<Columns, most_lines> lines; // of the physical lines read
+    int NPHYS = 0;
+    int NTOT = 0; // numbers found so far
+};
+
+std::string shown_line_above(const Line& LINE) {
+    const std::string_view above = LINE.first(physical_width);
+    return std::string(above.substr(0, std::max<std::size_t>(last_non_blank(above), 1)));
+}
+
+// The lines of the record so far, between the line above and two blank lines.
+void show_context(const Record& record) {
+    fortran::Runtime& unit = record.cmn.runtime;
+    const int out = record.IOUNIT;
+    unit.write(
+        out, "(6x,a)",
+        characters("LINE ABOVE INPUT LINE AND INPUT LINE IS PRINTED BELOW WITH A '-' IN FRONT."));
+    if (record.NPHYS > 1) {
+        unit.write(out, "(6x,a)",
+                   characters("'PHYSICAL CONTINUATION LINE' IS PRINTED WITH A '&' IN FRONT."));
+    }
+    unit.write(out, "(a,/)", characters(" " + std::string(79, '-')));
+    unit.write(out, "(1x,a)", characters("- " + record.line_above));
+    for (int j = 0; j < record.NPHYS; ++j) {
+        const Columns& line = record.lines[static_cast<std::size_t>(j)];
+        unit.write(out, "(1x,2a)", characters(j == 0 ? "- " : "& "),
+                   characters(record.LINE.columns(static_cast<std::size_t>(line.first),
+                                                  static_cast<std::size_t>(line.last))));
+    }
+    unit.write(out, "(/,/)");
+}
+
+template <typename... Items>
+void report(const Record& record, std::string_view format, const Items&... items) {
+    record.cmn.runtime.write(record.IOUNIT, format, items...);
+    show_context(record);
+}
+
+void report_nothing_found(const Record& record) {
+    if (record.NPHYS == 1) {
+        report(record, "(/,' **** SR/READ : NO NUMBERS FOUND AT LOCATION =',i5)", record.LOC);
+    } else {
+        report(
+            record,
+            "(/,' **** SR/READ : NO NUMBERS FOUND AT LOCATION =',i5,', ON A ''PHYSICAL CONTINUATION',/,16x,'LINE.''')",
+            record.LOC);
+    }
+}
+
+void report_wrong_count(const Record& record, int NVAR) {
+    report(
+        record,
+        "(/,' **** SR/READ : NUMBER OF VARIABLES WHICH SHOULD BE ON ','LINE:',i5,',',/,'                WAS NOT EQUAL TO NUMBER OF INPUT ','VARIABLES FOUND:',i5,',',/,'                AT LOCATION = ',i5)",
+        NVAR, record.NTOT, record.LOC);
+}
+
+// Fetches the next physical line into LINE from column IS on, as far as it fits.
+bool fetch_line(Record& record, int INUNIT, int IS) {
+    fortran::Text<physical_width> line;
+    const ReadStatus status = record.cmn.runtime.read_line(INUNIT, line);
+    if (status == ReadStatus::end) {
+        report(record, "(/,' **** SR/READ : END-OF-FILE AT LOCATION = ',i5)", record.LOC);
+        return false;
+    }
+    if (status == ReadStatus::error) {
+        report(record, "(/,' **** SR/READ : FORMAT ERROR AT LOCATION =',i5)", record.LOC);
+        return false;
+    }
+    record.LINE.assign_from(static_cast<std::size_t>(IS), line.view(), physical_width);
+    const int last = std::max(static_cast<int>(last_non_blank(record.LINE.view())), 1);
+    record.lines.at(static_cast<std::size_t>(record.NPHYS)) = {IS, std::max(last, IS)};
+    ++record.NPHYS;
+    return true;
+}
+
+// Reads lines until the count is reached. Returns true on success; a fault has been reported.
+bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
+    const int count_place = NVAR < 0 ? -NVAR : 0; // NCNT: the number that tells how many follow
+    int IS = 1;
+    while (true) {
+        if (!fetch_line(record, INUNIT, IS)) return false;
+        const bool is_first = record.NPHYS == 1;
+        const int IE = record.lines.at(static_cast<std::size_t>(record.NPHYS - 1)).last;
+
+        int found = is_first && NVAR >= 1 ? NVAR : 0;
+        int conversion = 0;
+        getnum(record.LINE.view().substr(static_cast<std::size_t>(IS - 1)), record.NTOT + 1, VAR,
+               found, conversion);
+        if (count_place != 0 && is_first) {
+            NVAR = saturated_sum(nearest_integer(VAR(count_place)), count_place);
+        }
+        IS = IE + 2;
+        record.NTOT += found;
+        if (conversion != 0) {
+            report_wrong_count(record, NVAR);
+            return false;
+        }
+        if (found == 0) {
+            report_nothing_found(record);
+            return false;
+        }
+        if (IS > limits::line_length) {
+            report(
+                record,
+                "(/,' **** SR/READ : LENGTH OF ONE LOGICAL INPUT LINE ','LONGER THAN:',i5,' CHARACTERS.',/,'                AT LOCATION = ',i5)",
+                IE, record.LOC);
+            return false;
+        }
+        if (record.NTOT < NVAR) continue;
+        if (NVAR == 0) NVAR = record.NTOT;
+        if (NVAR == record.NTOT) return true;
+        report_wrong_count(record, NVAR);
+        return false;
+    }
+}
+
+} // namespace
+
+void read(Store& cmn, int& NVAR, int LOC, int INUNIT, int IOUNIT, int& NPHYS, Line& LINE,
+          Values& VAR, int& IERR) {
+    Record record{cmn, LOC, IOUNIT, LINE, shown_line_above(LINE), {}};
+    LINE.fill_blank();
+    const bool succeeded = read_lines(record, NVAR, INUNIT, VAR);
+    NPHYS = record.NPHYS;
+    IERR = succeeded ? 0 : 1;
+}
+
+} // namespace korvat

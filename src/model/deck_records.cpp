@@ -1,0 +1,115 @@
+// The numeric records of the input deck, each described once: items, meaning, unit, location code.
+#include "model/deck_records.hpp"
+
+#include <array>
+#include <cassert>
+
+namespace korvat::deck {
+namespace {
+
+constexpr RecordItem force_factor[] = {{"FACF", "force unit factor", "-"}};
+constexpr RecordItem length_factor[] = {{"FACL", "length unit factor", "-"}};
+constexpr RecordItem piles[] = {{"NUMPIL", "number of piles", "-"}};
+constexpr RecordItem cross_sections[] = {{"NUMCRS", "number of cross sections", "-"}};
+constexpr RecordItem materials[] = {{"NUMMAT", "number of material types", "-"}};
+constexpr RecordItem segment_types[] = {{"NUMSEG", "number of pile segment types", "-"}};
+constexpr RecordItem load_vectors[] = {{"NUMLOD", "number of load vectors", "-"}};
+constexpr RecordItem print_level[] = {{"JPRINT", "print level", "-"}};
+constexpr RecordItem echo_level[] = {{"JECHO", "echo level", "-"}};
+
+constexpr RecordItem material[] = {{"N", "material number", "-"},
+                                   {"EMOD", "elastic modulus", "F/L2"},
+                                   {"GMOD", "shear modulus", "F/L2"},
+                                   {"SIGYLD", "yield stress", "F/L2"},
+                                   {"UWWALL", "unit weight of the pile wall", "F/L3"},
+                                   {"EPSTMP", "temperature strain", "-"}};
+
+constexpr RecordItem cross_section[] = {{"N", "cross-section number", "-"},
+                                        {"MATCRS", "material number", "-"},
+                                        {"DIAM", "outer diameter", "L"},
+                                        {"WALL", "wall thickness", "L"},
+                                        {"STFAX", "axial stiffness", "F"},
+                                        {"STFBN", "bending stiffness", "F L2"},
+                                        {"STFSH", "shear stiffness", "F"},
+                                        {"STFTO", "torsional stiffness", "F L2"},
+                                        {"UWFLD", "unit weight of the fluid inside", "F/L3"}};
+
+constexpr RecordItem segment_type[] = {{"N", "segment type number", "-"},
+                                       {"ICRSEG(1)", "cross section at the segment start", "-"},
+                                       {"ICRSEG(2)", "cross section at the segment end", "-"},
+                                       {"SEGLEN", "segment length", "L"},
+                                       {"NELSEG", "number of elements", "-"}};
+
+constexpr RecordItem pile_geometry[] = {
+    {"NP", "pile number", "-"},       {"NGEN", "pile to generate from", "-"},
+    {"NSYM", "generation code", "-"}, {"XHEAD(1)", "pile head x", "L"},
+    {"XHEAD(2)", "pile head y", "L"}, {"XHEAD(3)", "pile head z", "L"},
+    {"XTIP(1)", "pile tip x", "L"},   {"XTIP(2)", "pile tip y", "L"},
+    {"XTIP(3)", "pile tip z", "L"}};
+
+constexpr RecordItem pile_segments[] = {{"NP", "pile number", "-"},
+                                        {"NSEG", "number of segments", "-"},
+                                        {"SEG(I)", "segment types from head to tip", "-"}};
+
+constexpr RecordItem tip_and_fix[] = {{"NP1", "first pile", "-"},
+                                      {"NP2", "last pile", "-"},
+                                      {"ITIP", "tip code", "-"},
+                                      {"IFIX", "pile fixed to", "-"}};
+
+constexpr RecordItem special_node_values[] = {
+    {"NP1", "first pile", "-"},       {"NP2", "last pile", "-"},
+    {"ND1", "first node", "-"},       {"ND2", "last node", "-"},
+    {"CODE", "kind of values", "-"},  {"VAL(1)", "value 1", "by CODE"},
+    {"VAL(2)", "value 2", "by CODE"}, {"VAL(3)", "value 3", "by CODE"},
+    {"VAL(4)", "value 4", "by CODE"}, {"VAL(5)", "value 5", "by CODE"},
+    {"VAL(6)", "value 6", "by CODE"}};
+
+constexpr Record single(std::string_view section, int location, std::span<const RecordItem> items) {
+    return {section, location, false, static_cast<int>(items.size()), items};
+}
+
+constexpr Record repeated(std::string_view section, int location,
+                          std::span<const RecordItem> items) {
+    return {section, location, true, static_cast<int>(items.size()), items};
+}
+
+// The second number tells how many follow it.
+constexpr Record counted(std::string_view section, int location,
+                         std::span<const RecordItem> items) {
+    return {section, location, true, -2, items};
+}
+
+constexpr std::string_view control = "CONTROL SECTION";
+
+constexpr std::array all_records = {
+    single(control, 215, force_factor),
+    single(control, 220, length_factor),
+    single(control, 225, piles),
+    single(control, 230, cross_sections),
+    single(control, 235, materials),
+    single(control, 240, segment_types),
+    single(control, 245, load_vectors),
+    single(control, 250, print_level),
+    single(control, 255, echo_level),
+    repeated("MATERIAL TYPES SECTION", 300, material),
+    repeated("CROSS SECTION TYPE DATA", 400, cross_section),
+    repeated("PILE SEGMENT TYPE DATA", 500, segment_type),
+    repeated("PILE GEOMETRY SECTION", 600, pile_geometry),
+    counted("PILE SEGMENT TABLE", 700, pile_segments),
+    repeated("PILE TIP/FIX TABLE", 800, tip_and_fix),
+    repeated("SPECIAL PILE NODE VALUES", 900, special_node_values),
+};
+
+} // namespace
+
+std::span<const Record> records() {
+    return all_records;
+}
+
+const Record& record(RecordId id) {
+    const auto position = static_cast<std::size_t>(id);
+    assert(position < all_records.size());
+    return all_records[position];
+}
+
+} // namespace korvat::deck

@@ -1,0 +1,68 @@
+// Binary files of unformatted records in the segmented layout that TOLVAN reads.
+#pragma once
+
+#include "output/stream_writer.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvat {
+
+using VESKA::TolvanCommonLibrary::IO::IStreamWriter;
+
+// The record's bytes cut into segments of at most 128 bytes, each between its length bytes. An
+// empty record gives nothing.
+[[nodiscard]] std::string framed(std::string_view record);
+
+// A record file: a header byte, records, an end byte. Made on no stream it discards what it is
+// given: a run goes on without an output that could not be opened.
+class RecordFile {
+public:
+    // A file without a stream.
+    RecordFile() = default;
+
+    // Writes the header byte.
+    explicit RecordFile(std::shared_ptr<IStreamWriter> stream);
+
+    // Writes the end byte and lets the stream go.
+    ~RecordFile();
+    RecordFile(RecordFile&&) = default;
+    RecordFile& operator=(RecordFile&&) = delete;
+    RecordFile(const RecordFile&) = delete;
+    RecordFile& operator=(const RecordFile&) = delete;
+
+private:
+    friend class RecordBuilder;
+
+    std::shared_ptr<IStreamWriter> stream_;
+};
+
+// Creates the stream of a record file on disk and opens the record file on it. Raises
+// std::runtime_error when the file cannot be opened.
+[[nodiscard]] RecordFile open_record_file(const std::string& file_name);
+
+// Collects the items of one record, in order, and writes it once.
+class RecordBuilder {
+public:
+    explicit RecordBuilder(const RecordFile& file) : stream_(file.stream_) {}
+
+    RecordBuilder& add(int value);    // 4 bytes, little-endian
+    RecordBuilder& add(double value); // 8 bytes, little-endian
+    RecordBuilder& add(std::string_view text);
+    template <typename T>
+    RecordBuilder& add(const T&) = delete;
+
+    // Frames and writes the items and clears their list; without any item nothing is written.
+    void write();
+
+private:
+    void add_bytes(std::uint64_t value, int count);
+
+    std::shared_ptr<IStreamWriter> stream_;
+    std::string bytes_; // of the items so far
+};
+
+} // namespace korvat

@@ -1,0 +1,19 @@
+// Files and directories by name.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace korvat::platform {
+
+// Removes a file; false when there is none or it cannot be removed.
+bool remove_file(const std::string& name);
+
+// Gives a file another name; false when there is none or it cannot be renamed.
+bool rename_file(const std::string& from, const std::string& to);
+
+// The names of the entries of a directory, in no particular order. Raises std::runtime_error with
+// the text "Error While Accessing :" followed by the path when it cannot be read.
+[[nodiscard]] std::vector<std::string> directory_entries(const std::string& path);
+
+} // namespace korvat::platform

@@ -1,0 +1,260 @@
+// The run driver: opens the files and calls the steps of a run in their fixed order.
+#include "run/contrl.hpp"
+
+#include "compute/build.hpp"
+#include "input/echo.hpp"
+#include "model/readpi.hpp"
+#include "output/save.hpp"
+#include "platform/files.hpp"
+#include "run/identification.hpp"
+#include "run/identification_page.hpp"
+#include "run/scratch_files.hpp"
+#include "run/time_stamp.hpp"
+
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvat {
+namespace {
+
+using fortran::OpenStatus;
+using fortran::right_justified;
+
+constexpr int started = 1; // mode of the time stamp
+constexpr int no_unit = 0;
+
+// What contrl holds for the length of a run.
+struct Run {
+    Store& cmn;
+    const Steps& steps;
+    Identification texts;
+    fortran::Text<50> EXMSG;
+    std::optional<RecordFile> pile_file;
+    std::optional<RecordFile> load_file;
+};
+
+void write_start_stamp(Store& cmn, int unit, TimeFields& ITIME) {
+    int seconds = 0;
+    time_stamp(cmn, started, unit, no_unit, seconds, ITIME);
+}
+
+// Keeps one backup generation and opens the file anew. A failure to remove or rename is ignored.
+int open_with_backup(Store& cmn, int unit, const std::string& name) {
+    const std::string backup = name + ".bak";
+    platform::remove_file(backup);
+    platform::rename_file(name, backup);
+    return cmn.runtime.open(unit, name, OpenStatus::new_file);
+}
+
+void open_message_log(Run& run) {
+    Store& cmn = run.cmn;
+    cmn.IERR = 0;
+    cmn.NF5 = 5;
+    cmn.NF6 = 6;
+    // Not tested: without a log the run goes on and its messages go to standard output.
+    cmn.IERR = open_with_backup(cmn, cmn.NF6, "KORVAT.MLG");
+    TimeFields ITIME;
+    write_start_stamp(cmn, cmn.NF6, ITIME);
+    write_identification_page(cmn, cmn.NF6, run.texts, ITIME);
+    cmn.runtime.write(cmn.NF6, "(/,' +++++ START PROGRAM KORVAT   VERSION = ',a11,a11)",
+                      right_justified(run.texts.version.view()), run.texts.release_date);
+}
+
+void set_constants(Run& run) {
+    Store& cmn = run.cmn;
+    cmn.NF7 = 7;
+    cmn.NF9 = 9;
+    cmn.NF11 = 11;
+    cmn.NF12 = 12;
+    cmn.NF13 = 13;
+    cmn.NF14 = 14;
+    cmn.PI = 4.0 * std::atan(1.0);
+    cmn.TOL = 1.0e-10;
+    cmn.MAXPIL = limits::piles;
+    cmn.MAXCRS = limits::cross_sections;
+    cmn.MAXMAT = limits::materials;
+    cmn.MAXSEG = limits::segment_types;
+    cmn.MAXELM = limits::pile_elements;
+    cmn.MAXNOD = limits::pile_nodes;
+    cmn.MAXSPP = limits::pile_segments;
+    cmn.MAXSPC = limits::special_records;
+    run.EXMSG.assign("NORMAL EXIT FROM KORVAT");
+}
+
+// Writes the error line of a failed open or step; the run takes the error exit.
+bool fail(Run& run, std::string_view format) {
+    run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
+    return false;
+}
+
+// A record file that cannot be created is reported, and its records are discarded.
+RecordFile create_record_file(Run& run, const std::string& name, std::string_view format) {
+    try {
+        return open_record_file(name);
+    } catch (const std::exception&) {
+        run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
+        return {};
+    }
+}
+
+bool open_files(Run& run) {
+    Store& cmn = run.cmn;
+    // The message has the letter O where the file's name has a zero.
+    run.pile_file.emplace(create_record_file(
+        run, "PILE.07", "(/,' **** SR/CONTRL  FILE PILE.O7 OPEN PROBLEM  IERR=',i5)"));
+    cmn.IERR = cmn.runtime.open(cmn.NF11, "KORVAT.INP", OpenStatus::old_file);
+    if (cmn.IERR != 0) {
+        return fail(run, "(/,' **** SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=',i5)");
+    }
+    cmn.IERR = open_with_backup(cmn, cmn.NF13, "KORVAT.LIS");
+    if (cmn.IERR != 0) {
+        return fail(run, "(/,' **** SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=',i5)");
+    }
+    cmn.IERR = open_with_backup(cmn, cmn.NF14, "PILEPLOT.TXT"); // not tested
+    return true;
+}
+
+bool read_input(Run& run) {
+    Store& cmn = run.cmn;
+    rstpil(cmn);
+    if (run.steps.readpi != nullptr) run.steps.readpi(cmn);
+    if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/READPI  IERR=',i5)");
+    cmn.runtime.write(cmn.NF6, "(' +++++ INPUT FILE READ , LABEL LINE :',/,1x,a78)", cmn.LABEL);
+    return true;
+}
+
+void write_program_banner(Run& run) {
+    run.cmn.runtime.write(
+        run.cmn.NF13,
+        "(' PROGRAM KORVAT   Pile Data Generator for Program TOLVAN',/,/,' VERSION :  ',a11,a11)",
+        right_justified(run.texts.version.view()), run.texts.release_date);
+}
+
+void start_listing(Run& run) {
+    Store& cmn = run.cmn;
+    // Two tests with the same output, kept apart on purpose.
+    if (cmn.IREV == 4) write_program_banner(run);
+    if (cmn.IREV == 5) write_program_banner(run);
+    if (cmn.NUMLOD > 0) {
+        run.load_file.emplace(create_record_file(
+            run, "LOAD.09", "(/,' **** SR/CONTRL  FILE LOAD.09 OPEN PROBLEM  IERR=',i5)"));
+    }
+    TimeFields ITIME;
+    write_start_stamp(cmn, cmn.NF13, ITIME);
+    if (cmn.JECHO == 1) echo(cmn, cmn.NF11, cmn.NF13, "KORVAT");
+}
+
+bool compute(Run& run) {
+    Store& cmn = run.cmn;
+    if (run.steps.build != nullptr) run.steps.build(cmn);
+    if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/BUILD  IERR=',i5)");
+    cmn.runtime.write(cmn.NF6, "(' +++++ PILE GEOMETRY VALUES COMPUTED')");
+    return true;
+}
+
+bool print_listing(Run& run) {
+    Store& cmn = run.cmn;
+    if (cmn.JPRINT <= 0) return true;
+    if (run.steps.printpil != nullptr) {
+        run.steps.printpil(cmn, run.texts.version, run.texts.release_date);
+    }
+    if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/PRINT  IERR=',i5)");
+    cmn.runtime.write(cmn.NF6, "(' +++++ RESULT FILE KORVAT.LIS HAS BEEN PRINTED')");
+    return true;
+}
+
+// A negative print level prints no listing, yet draws the sketch.
+void draw_sketch(Run& run) {
+    Store& cmn = run.cmn;
+    if (cmn.IREV > 4 || cmn.JPRINT == 0) return;
+    const auto piles = static_cast<std::size_t>(cmn.NUMPIL);
+    std::vector<double> x(2 * piles);
+    std::vector<double> y(2 * piles);
+    for (int i = 1; i <= cmn.NUMPIL; ++i) {
+        const auto head = static_cast<std::size_t>(i - 1);
+        const int tip_node = cmn.NELP(i) + 1;
+        x[head] = cmn.XNOD(1, i);
+        y[head] = cmn.YNOD(1, i);
+        x[piles + head] = cmn.XNOD(tip_node, i);
+        y[piles + head] = cmn.YNOD(tip_node, i);
+    }
+    cmn.runtime.write(
+        cmn.NF13,
+        "(/,1x,a80,/,/,/,' BELOW SKETCH SHOWS PILE HEADS (',i3.3,' - ',i3.3,') AND PILE TIPS (',i3.3,' - ',i3.3,')',/,/,' ')",
+        cmn.LABEL, 1, cmn.NUMPIL, cmn.NUMPIL + 1, 2 * cmn.NUMPIL);
+    if (run.steps.sketch == nullptr) return;
+    int points = -2 * cmn.NUMPIL; // negative: show the points by their numbers
+    int rows = 50;
+    run.steps.sketch(cmn, x, y, points, rows, 100, cmn.NF13);
+}
+
+bool save_piles(Run& run) {
+    Store& cmn = run.cmn;
+    if (run.steps.save != nullptr) run.steps.save(cmn, *run.pile_file);
+    if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/SAVE  IERR=',i5)");
+    cmn.runtime.write(cmn.NF6, "(' +++++ TOLVAN INPUT FILE PILE.07 HAS BEEN GENERATED')");
+    return true;
+}
+
+bool save_loads(Run& run) {
+    Store& cmn = run.cmn;
+    if (cmn.NUMLOD < 1) {
+        cmn.runtime.write(cmn.NF6, "(' +++++ NO LOAD VECTOR WAS GIVEN',/,' ')");
+        return true;
+    }
+    if (run.steps.loads != nullptr) run.steps.loads(cmn, *run.load_file);
+    if (cmn.IERR != 0) {
+        return fail(run, "(/,' **** SR/CONTRL  ERROR RETURN FROM SR/LOADS  IERR=',i5)");
+    }
+    cmn.runtime.write(cmn.NF6, "(' +++++ TOLVAN INPUT FILE LOAD.09 HAS BEEN GENERATED',/,' ')");
+    return true;
+}
+
+// Reached from every path. IERR keeps the failing step's code.
+void close_run(Run& run) {
+    Store& cmn = run.cmn;
+    run.load_file.reset();
+    for (const int unit : {cmn.NF11, cmn.NF12, cmn.NF13, cmn.NF14}) {
+        cmn.runtime.close(unit);
+    }
+    // The load file has no unit of its own; a second close of a closed unit is harmless.
+    if (cmn.NUMLOD > 0) cmn.runtime.close(cmn.NF14);
+    remove_scratch_files();
+    cmn.runtime.write(cmn.NF6, "(1x,a)", run.EXMSG);
+    run.pile_file.reset();
+}
+
+bool run_steps(Run& run) {
+    if (!open_files(run)) return false;
+    if (!read_input(run)) return false;
+    start_listing(run);
+    if (!compute(run)) return false;
+    if (!print_listing(run)) return false;
+    draw_sketch(run);
+    if (!save_piles(run)) return false;
+    return save_loads(run);
+}
+
+} // namespace
+
+Steps program_steps() {
+    return {.readpi = readpi, .build = build, .save = save};
+}
+
+int contrl(Store& cmn, const Steps& steps) {
+    Run run{.cmn = cmn,
+            .steps = steps,
+            .texts = identification(),
+            .EXMSG = {},
+            .pile_file = {},
+            .load_file = {}};
+    open_message_log(run);
+    set_constants(run);
+    if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");
+    close_run(run);
+    return cmn.IERR;
+}
+
+} // namespace korvat

@@ -1,0 +1,21 @@
+// The runtime's scratch files, removed at the end of a run.
+#include "run/scratch_files.hpp"
+
+#include "platform/files.hpp"
+
+#include <exception>
+#include <iostream>
+
+namespace korvat {
+
+void remove_scratch_files(const std::string& directory) {
+    try {
+        for (const std::string& name : platform::directory_entries(directory)) {
+            if (name.starts_with("fem_io")) platform::remove_file(directory + "/" + name);
+        }
+    } catch (const std::exception& error) {
+        std::cerr << "Exception ::" << error.what() << std::endl;
+    }
+}
+
+} // namespace korvat
