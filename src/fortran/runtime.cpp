@@ -33,10 +33,10 @@ Runtime::Runtime(int argc, const char* const* argv) : state_(std::make_unique<St
 
 Runtime::~Runtime() {
     // The runtime takes unit 6 for a terminal and never closes it, whatever file it is on.
-    const fem::io_unit* const log = state_->common.io.unit_ptr(message_log_unit);
-    if (log != nullptr && log->stream.ptr != nullptr && log->stream.ptr != stdout) {
-        std::fclose(log->stream.ptr);
-    }
+    const auto log = state_->common.io.units.find(message_log_unit);
+    if (log == state_->common.io.units.end()) return;
+    std::FILE* const file = log->second.stream.ptr;
+    if (file != nullptr && file != stdout) std::fclose(file);
 }
 
 int Runtime::open(int unit, std::string_view file, OpenStatus status) {

@@ -4,6 +4,7 @@
 #include "platform/files.hpp"
 
 #include <exception>
+#include <filesystem>
 #include <iostream>
 
 namespace korvat {
@@ -11,7 +12,8 @@ namespace korvat {
 void remove_scratch_files(const std::string& directory) {
     try {
         for (const std::string& name : platform::directory_entries(directory)) {
-            if (name.starts_with("fem_io")) platform::remove_file(directory + "/" + name);
+            if (!name.starts_with("fem_io")) continue;
+            platform::remove_file((std::filesystem::path(directory) / name).string());
         }
     } catch (const std::exception& error) {
         std::cerr << "Exception ::" << error.what() << std::endl;

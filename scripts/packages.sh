@@ -1,0 +1,20 @@
+# Installs Debian packages that are missing; sourced by the other scripts.
+
+# install_missing PACKAGE...: needs root or sudo only when something is missing.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then as_root=(sudo -n); fi
+    echo "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build libcctbx-dev)
+test_packages=("${build_packages[@]}" libgtest-dev clang-format clang-tidy python3)

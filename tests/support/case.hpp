@@ -1,0 +1,37 @@
+// Runs a case folder, a deck with what its run must leave behind, and compares.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvat::test {
+
+struct CaseResult {
+    int exit_code = 0;
+    std::vector<std::string> outputs;         // names in the run directory, sorted
+    std::map<std::string, std::string> files; // their content, as written
+    std::string standard_output;
+    std::string standard_error;
+    // Each tells one thing that is not as expected; empty when the run is right.
+    std::vector<std::string> differences;
+};
+
+// The folders below the directory that hold a folder named expected, sorted; none when there is no
+// such directory.
+std::vector<std::filesystem::path> case_folders(const std::filesystem::path& directory);
+
+// Runs the program in a fresh directory that holds the deck and nothing else. Without a deck the
+// directory is empty.
+CaseResult run_deck(const std::filesystem::path& program, const std::string* deck);
+CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir);
+
+int expected_exit_code(const std::filesystem::path& case_dir);
+
+// Empty when the texts are equal; else the first line that differs, of both, with its number.
+std::string text_difference(std::string_view found, std::string_view expected);
+std::string byte_difference(std::string_view found, std::string_view expected);
+
+} // namespace korvat::test
