@@ -1,0 +1,124 @@
+// The entry of the program: its exit codes, and the units it leaves closed.
+#include "run_fixture.hpp"
+
+#include "run/entry.hpp"
+#include "support/text.hpp"
+
+#include <vector>
+
+namespace korvat::test {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class Entry : public RunTest {
+protected:
+    int run_deck(const std::string& deck) {
+        directory.write_file("KORVAT.INP", deck);
+        return run_program(0, nullptr);
+    }
+};
+
+const std::string deck(small_deck);
+
+TEST_F(Entry, ReturnsZeroAfterACleanRun) {
+    EXPECT_EQ(run_deck(deck), 0);
+    EXPECT_EQ(log(), std::string(log_start) + "\n Input data is for revision 4 : 2006-06-11\n \n" +
+                         input_read("One pile") +
+                         " +++++ PILE GEOMETRY VALUES COMPUTED\n"
+                         " +++++ TOLVAN INPUT FILE PILE.07 HAS BEEN GENERATED\n"
+                         " +++++ NO LOAD VECTOR WAS GIVEN\n"
+                         " \n" +
+                         normal_exit());
+    EXPECT_EQ(directory.list(),
+              (Names{"KORVAT.INP", "KORVAT.LIS", "KORVAT.MLG", "PILE.07", "PILEPLOT.TXT"}));
+}
+
+TEST_F(Entry, ReturnsTheCodeOfAFailedOpen) {
+    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(log(), std::string(log_start) +
+                         "\n **** SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n" +
+                         error_exit());
+    EXPECT_EQ(directory.list(), (Names{"KORVAT.MLG", "PILE.07"}));
+}
+
+TEST_F(Entry, ReturnsTheCodeOfAFailedStep) {
+    // 10 m of segments, but 9 m between head and tip.
+    EXPECT_EQ(run_deck(with_change(deck, " 1 0 0 0 0 0 0 0 10\n", " 1 0 0 0 0 0 0 0 9\n")), 1);
+    EXPECT_EQ(log(), std::string(log_start) + "\n Input data is for revision 4 : 2006-06-11\n \n" +
+                         input_read("One pile") +
+                         "\n **** SR/BUILD : PILE LENGTH ERROR  NP,L1,L2=    1     10.0000"
+                         "      9.0000\n"
+                         "\n **** SR/CONTRL  ERROR FROM SR/BUILD  IERR=    1\n" +
+                         error_exit());
+    EXPECT_EQ(directory.read_file("PILE.07"), no_records);
+}
+
+// The code of soil displacements on a dummy pile.
+TEST_F(Entry, ReturnsTwoFromSave) {
+    std::string text = with_change(deck, " 1\n 1\n 1\n 1\n 1\n 1\n", " 1\n 1\n 2\n 1\n 1\n 1\n");
+    text = with_change(text, " 1 0 0 0 0 0 0 0 10\n", " 1 0 0 0 0 0 0 0 10\n 2 0 0 0 0 0 0 0 10\n");
+    text = with_change(text, " 1 1 1\nheading\n 1 1 0 0\n", " 1 1 1\n 2 0\nheading\n 1 2 0 0\n");
+    text = with_change(text, " 0 0 0 0 0 0 0 0 0 0 0\n",
+                       " 2 2 1 1 3 0.5 0 0 0 0 0\n 0 0 0 0 0 0 0 0 0 0 0\n");
+    EXPECT_EQ(run_deck(text), 2);
+    EXPECT_EQ(log(), std::string(log_start) + "\n Input data is for revision 4 : 2006-06-11\n \n" +
+                         input_read("One pile") +
+                         " +++++ PILE GEOMETRY VALUES COMPUTED\n"
+                         "\n **** SPECIAL NODE VALUES PROBLEM\n"
+                         " SOIL DISPL WERE GIVEN AT DUMMY PILE =    2\n"
+                         "  0.5000E+00  0.0000E+00  0.0000E+00\n"
+                         "\n **** SR/CONTRL  ERROR FROM SR/SAVE  IERR=    2\n" +
+                         error_exit());
+}
+
+TEST_F(Entry, ReturnsMinusOneAfterAStop) {
+    EXPECT_EQ(run_deck(with_change(deck, "One pile\n", "One pile\nKORVAT Version: 2006-06-32\n")),
+              -1);
+    EXPECT_EQ(log(), std::string(log_start) +
+                         "\n **** Error message from SR/GetRevision:\n"
+                         " Non-accepted date: Year-Month-Day= 2006-06-32\n " +
+                         padded("KORVAT Version: 2006-06-32", 80) +
+                         "\n"
+                         "\n **** Error termination of KORVAT\n");
+    EXPECT_EQ(directory.read_file("PILE.07"), no_records);
+    EXPECT_EQ(directory.list(), (Names{"KORVAT.INP", "KORVAT.LIS", "KORVAT.MLG", "PILE.07",
+                                       "PILEPLOT.TXT", "fem_io_unit_012"}));
+}
+
+// What a stopped run left behind neither enters the next run nor survives it.
+TEST_F(Entry, RunsAfterAStoppedRun) {
+    EXPECT_EQ(run_deck(with_change(deck, "One pile\n", "One pile\nKORVAT Version: 2006-06-32\n")),
+              -1);
+    ASSERT_TRUE(directory.has("fem_io_unit_012"));
+    EXPECT_EQ(run_deck(deck), 0);
+    EXPECT_FALSE(directory.has("fem_io_unit_012"));
+}
+
+TEST_F(Entry, IgnoresItsArguments) {
+    directory.write_file("KORVAT.INP", deck);
+    const char* const arguments[] = {"korvat", "OTHER.INP", "--version"};
+    EXPECT_EQ(run_program(3, arguments), 0);
+}
+
+TEST_F(Entry, LeavesTheLogClosed) {
+    EXPECT_EQ(run_deck(deck), 0);
+    std::size_t open_on_the_log = 0;
+    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the iterator's own
+        const std::filesystem::path file = read_symlink(descriptor.path(), gone);
+        if (file.filename() == "KORVAT.MLG") ++open_on_the_log;
+    }
+    EXPECT_EQ(open_on_the_log, 0U);
+}
+
+TEST_F(Entry, RunsTwiceInOneProcess) {
+    EXPECT_EQ(run_deck(deck), 0);
+    const std::string first = directory.read_file("PILE.07");
+    EXPECT_EQ(run_deck(deck), 0);
+    EXPECT_EQ(directory.read_file("PILE.07"), first);
+    EXPECT_GT(first.size(), no_records.size());
+}
+
+} // namespace
+} // namespace korvat::test
