@@ -1,6 +1,8 @@
 // The numeric records of the input deck, each described once: items, meaning, unit, location code.
 #include "model/deck_records.hpp"
 
+#include "model/integer.hpp"
+
 #include <array>
 #include <cassert>
 
@@ -34,6 +36,46 @@ constexpr RecordItem cross_section[] = {{"N", "cross-section number", "-"},
                                         {"STFTO", "torsional stiffness", "F L2"},
                                         {"UWFLD", "unit weight of the fluid inside", "F/L3"}};
 
+constexpr RecordItem cross_section_5[] = {{"N", "cross-section number", "-"},
+                                          {"ITYCRS", "1 plain, above 1 the sub-sections", "-"},
+                                          {"NLCRS", "non-linear code", "-"},
+                                          {"MATCRS", "material number", "-"},
+                                          {"DIAM", "outer diameter", "L"},
+                                          {"WALL", "wall thickness", "L"},
+                                          {"STFAX", "axial stiffness", "F"},
+                                          {"STFBN", "bending stiffness", "F L2"},
+                                          {"STFSH", "shear stiffness", "F"},
+                                          {"STFTO", "torsional stiffness", "F L2"},
+                                          {"UWFLD", "unit weight of the fluid inside", "F/L3"},
+                                          {"ECC", "eccentricity", "as given"},
+                                          {"CMISC(1)", "miscellaneous value 1", "as given"},
+                                          {"CMISC(2)", "miscellaneous value 2", "as given"},
+                                          {"CMISC(3)", "miscellaneous value 3", "as given"}};
+
+constexpr RecordItem sub_section[] = {{"N", "cross-section number", "-"},
+                                      {"J", "sub-section number, outermost first", "-"},
+                                      {"ITYCRS", "1", "-"},
+                                      {"NLCRS", "0", "-"},
+                                      {"MATCRS", "material number", "-"},
+                                      {"DIAM", "outer diameter", "L"},
+                                      {"WALL", "wall thickness", "L"},
+                                      {"STFAX", "axial stiffness", "F"},
+                                      {"STFBN", "bending stiffness", "F L2"},
+                                      {"STFSH", "shear stiffness", "F"},
+                                      {"STFTO", "torsional stiffness", "F L2"},
+                                      {"UWFLD", "unit weight of the fluid inside", "F/L3"},
+                                      {"ECC", "eccentricity", "as given"},
+                                      {"CMISC(1)", "miscellaneous value 1", "as given"},
+                                      {"CMISC(2)", "miscellaneous value 2", "as given"},
+                                      {"CMISC(3)", "miscellaneous value 3", "as given"}};
+
+constexpr RecordItem curve_point[] = {{"N", "cross-section number", "-"},
+                                      {"I", "point number", "-"},
+                                      {"FAXEL", "axial force, elastic curve", "as given"},
+                                      {"FMOEL", "moment, elastic curve", "as given"},
+                                      {"FAXPL", "axial force, plastic curve", "as given"},
+                                      {"FMOPL", "moment, plastic curve", "as given"}};
+
 constexpr RecordItem segment_type[] = {{"N", "segment type number", "-"},
                                        {"ICRSEG(1)", "cross section at the segment start", "-"},
                                        {"ICRSEG(2)", "cross section at the segment end", "-"},
@@ -64,6 +106,15 @@ constexpr RecordItem special_node_values[] = {
     {"VAL(4)", "value 4", "by CODE"}, {"VAL(5)", "value 5", "by CODE"},
     {"VAL(6)", "value 6", "by CODE"}};
 
+constexpr RecordItem loaded_piles[] = {{"NLP", "number of loaded piles", "-"}};
+constexpr RecordItem load_factor[] = {{"F", "load factor", "-"}};
+
+constexpr RecordItem pile_load[] = {
+    {"NP", "pile number", "-"},           {"LOAD(1)", "force in x", "F"},
+    {"LOAD(2)", "force in y", "F"},       {"LOAD(3)", "force in z", "F"},
+    {"LOAD(4)", "moment about x", "F L"}, {"LOAD(5)", "moment about y", "F L"},
+    {"LOAD(6)", "moment about z", "F L"}};
+
 constexpr Record single(std::string_view section, int location, std::span<const RecordItem> items) {
     return {section, location, false, static_cast<int>(items.size()), items};
 }
@@ -80,6 +131,8 @@ constexpr Record counted(std::string_view section, int location,
 }
 
 constexpr std::string_view control = "CONTROL SECTION";
+constexpr std::string_view revision_5 = "CROSS SECTIONS, REVISION 5";
+constexpr std::string_view loads = "LOAD VECTOR SECTION";
 
 constexpr std::array all_records = {
     single(control, 215, force_factor),
@@ -93,11 +146,17 @@ constexpr std::array all_records = {
     single(control, 255, echo_level),
     repeated("MATERIAL TYPES SECTION", 300, material),
     repeated("CROSS SECTION TYPE DATA", 400, cross_section),
+    repeated(revision_5, 100, cross_section_5),
+    repeated(revision_5, 0, sub_section),
+    repeated(revision_5, 2000, curve_point),
     repeated("PILE SEGMENT TYPE DATA", 500, segment_type),
     repeated("PILE GEOMETRY SECTION", 600, pile_geometry),
     counted("PILE SEGMENT TABLE", 700, pile_segments),
     repeated("PILE TIP/FIX TABLE", 800, tip_and_fix),
     repeated("SPECIAL PILE NODE VALUES", 900, special_node_values),
+    repeated(loads, 1300, loaded_piles),
+    repeated(loads, 1400, load_factor),
+    repeated(loads, 2000, pile_load),
 };
 
 } // namespace
@@ -110,6 +169,10 @@ const Record& record(RecordId id) {
     const auto position = static_cast<std::size_t>(id);
     assert(position < all_records.size());
     return all_records[position];
+}
+
+int location_of(const Record& record, int k) {
+    return record.is_repeated ? saturated_sum(record.location, k) : record.location;
 }
 
 } // namespace korvat::deck

@@ -25,8 +25,9 @@ struct Record {
     std::span<const RecordItem> items;
 };
 
-// The records of revision 4 from the control section to the special pile node values, in deck
-// order. The nine control records come first.
+// The records of both revisions in deck order; the nine control records come first. k, which makes
+// the location code, is 1000 N + j for sub-section j of cross section N, 100 N + i for point i of
+// cross section N, and 100 v + i for loaded pile i of vector v.
 [[nodiscard]] std::span<const Record> records();
 
 // One record of the deck by its position in records().
@@ -42,18 +43,22 @@ enum class RecordId {
     echo_level,
     material,
     cross_section,
+    cross_section_5, // of revision 5, as the next two
+    sub_section,
+    curve_point,
     segment_type,
     pile_geometry,
     pile_segments,
     tip_and_fix,
-    special_node_values
+    special_node_values,
+    loaded_piles,
+    load_factor,
+    pile_load
 };
 
 [[nodiscard]] const Record& record(RecordId id);
 
 // Location code of the k-th record of its kind.
-[[nodiscard]] constexpr int location_of(const Record& record, int k) {
-    return record.is_repeated ? record.location + k : record.location;
-}
+[[nodiscard]] int location_of(const Record& record, int k);
 
 } // namespace korvat::deck

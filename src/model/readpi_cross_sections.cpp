@@ -1,28 +1,19 @@
 // Cross-section type data of revision 4, with the generation of skipped numbers.
 #include "model/section_reader.hpp"
+#include "model/tube_record.hpp"
 
 namespace korvat {
 namespace {
 
-// One record, scaled to internal units.
-struct CrossSection {
-    int N;
-    int MATCRS;
-    double DIAM, WALL, STFAX, STFBN, STFSH, STFTO, UWFLD;
-};
-
-CrossSection scaled_record(const SectionReader& in) {
-    const double FACF = in.cmn.FACF;
-    const double FACL = in.cmn.FACL;
-    return {.N = in.integer(1),
-            .MATCRS = in.integer(2),
-            .DIAM = in.VAR(3) * FACL,
-            .WALL = in.VAR(4) * FACL,
-            .STFAX = in.VAR(5) * FACF,
-            .STFBN = in.VAR(6) * (FACF * FACL * FACL),
-            .STFSH = in.VAR(7) * FACF,
-            .STFTO = in.VAR(8) * (FACF * FACL * FACL),
-            .UWFLD = in.VAR(9) * (in.stress / FACL)};
+TubeRecord given_record(const SectionReader& in) {
+    return {.MATCRS = in.integer(2),
+            .DIAM = in.VAR(3),
+            .WALL = in.VAR(4),
+            .STFAX = in.VAR(5),
+            .STFBN = in.VAR(6),
+            .STFSH = in.VAR(7),
+            .STFTO = in.VAR(8),
+            .UWFLD = in.VAR(9)};
 }
 
 int check_sequence(SectionReader& in, int N, int previous, int k) {
@@ -35,30 +26,14 @@ int check_sequence(SectionReader& in, int N, int previous, int k) {
     return no_fault;
 }
 
-int check_values(SectionReader& in, const CrossSection& section) {
+int check_values(SectionReader& in, int N, const TubeRecord& tube) {
     const Store& cmn = in.cmn;
-    int error = 0;
-    if (cmn.TOL > section.DIAM) error = 1;
-    if (cmn.TOL > section.WALL) error = 2;
-    if (section.WALL > section.DIAM * 0.5 + cmn.TOL) error = 3;
-    if (section.N > cmn.NUMCRS) error = 4;
-    if (section.MATCRS < 1) error = 5;
-    if (section.MATCRS > cmn.NUMMAT) error = 6;
+    int error = size_error(tube, cmn);
+    if (N > cmn.NUMCRS) error = 4;
+    if (tube.MATCRS < 1) error = 5;
+    if (tube.MATCRS > cmn.NUMMAT) error = 6;
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", section.N,
-                     error);
-}
-
-void store_section(Store& cmn, const CrossSection& section) {
-    const int N = section.N;
-    cmn.MATCRS(N) = section.MATCRS;
-    cmn.DIAM(N) = section.DIAM;
-    cmn.WALL(N) = section.WALL;
-    cmn.STFAX(N) = section.STFAX;
-    cmn.STFBN(N) = section.STFBN;
-    cmn.STFSH(N) = section.STFSH;
-    cmn.STFTO(N) = section.STFTO;
-    cmn.UWFLD(N) = section.UWFLD;
+    return in.reject("(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", N, error);
 }
 
 // The skipped sections sit at the middles of as many equal parts, not at the interior points of a
@@ -91,12 +66,13 @@ int read_cross_sections(SectionReader& in) {
     int previous = 0;
     for (int k = 1; previous < cmn.NUMCRS; ++k) {
         if (const int fault = in.read_record(deck::RecordId::cross_section, k)) return fault;
-        const CrossSection section = scaled_record(in);
-        if (const int fault = check_sequence(in, section.N, previous, k)) return fault;
-        if (const int fault = check_values(in, section)) return fault;
-        store_section(cmn, section);
-        generate_skipped(cmn, previous, section.N);
-        previous = section.N;
+        const int N = in.integer(1);
+        const TubeRecord tube = scaled(given_record(in), cmn, in.stress);
+        if (const int fault = check_sequence(in, N, previous, k)) return fault;
+        if (const int fault = check_values(in, N, tube)) return fault;
+        store_tube(cmn, N, tube);
+        generate_skipped(cmn, previous, N);
+        previous = N;
     }
     return no_fault;
 }

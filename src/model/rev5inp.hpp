@@ -1,11 +1,14 @@
-// The cross-section section of a revision-5 input.
+// Reads the cross-section section of a revision-5 input.
 #pragma once
 
 #include "model/store.hpp"
 
 namespace korvat {
 
-// A step of its own that this version does not have: it reads nothing and leaves IERR at 0.
-inline void rev5inp(Store& /*cmn*/) {}
+// Reads the cross sections, the sub-sections of composites (stored behind NUMCRS, which is not
+// changed) and the given points of non-linear sections from NF12. IERR is 0, or after a message on
+// NF6: 1 a value cannot be converted, 2 end of file, 4 a check failed. Raises the runtime's stop
+// for a composite of more than 12 sub-sections.
+void rev5inp(Store& cmn);
 
 } // namespace korvat

@@ -4,7 +4,10 @@
 #include "compute/build.hpp"
 #include "input/echo.hpp"
 #include "model/readpi.hpp"
+#include "output/loads.hpp"
+#include "output/printpil.hpp"
 #include "output/save.hpp"
+#include "output/sketch.hpp"
 #include "platform/files.hpp"
 #include "run/identification.hpp"
 #include "run/identification_page.hpp"
@@ -33,6 +36,7 @@ struct Run {
     fortran::Text<50> EXMSG;
     std::optional<RecordFile> pile_file;
     std::optional<RecordFile> load_file;
+    TimeFields listing_time; // of the listing's stamp, shown in its page headers
 };
 
 void write_start_stamp(Store& cmn, int unit, TimeFields& ITIME) {
@@ -141,8 +145,7 @@ void start_listing(Run& run) {
         run.load_file.emplace(create_record_file(
             run, "LOAD.09", "(/,' **** SR/CONTRL  FILE LOAD.09 OPEN PROBLEM  IERR=',i5)"));
     }
-    TimeFields ITIME;
-    write_start_stamp(cmn, cmn.NF13, ITIME);
+    write_start_stamp(cmn, cmn.NF13, run.listing_time);
     if (cmn.JECHO == 1) echo(cmn, cmn.NF11, cmn.NF13, "KORVAT");
 }
 
@@ -158,7 +161,7 @@ bool print_listing(Run& run) {
     Store& cmn = run.cmn;
     if (cmn.JPRINT <= 0) return true;
     if (run.steps.printpil != nullptr) {
-        run.steps.printpil(cmn, run.texts.version, run.texts.release_date);
+        run.steps.printpil(cmn, run.texts.version, run.texts.release_date, run.listing_time);
     }
     if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/PRINT  IERR=',i5)");
     cmn.runtime.write(cmn.NF6, "(' +++++ RESULT FILE KORVAT.LIS HAS BEEN PRINTED')");
@@ -240,7 +243,12 @@ bool run_steps(Run& run) {
 } // namespace
 
 Steps program_steps() {
-    return {.readpi = readpi, .build = build, .save = save};
+    return {.readpi = readpi,
+            .build = build,
+            .printpil = printpil,
+            .sketch = sketch,
+            .save = save,
+            .loads = loads};
 }
 
 int contrl(Store& cmn, const Steps& steps) {
@@ -249,7 +257,8 @@ int contrl(Store& cmn, const Steps& steps) {
             .texts = identification(),
             .EXMSG = {},
             .pile_file = {},
-            .load_file = {}};
+            .load_file = {},
+            .listing_time = {}};
     open_message_log(run);
     set_constants(run);
     if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");

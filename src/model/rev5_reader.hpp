@@ -1,0 +1,76 @@
+// What the parts of the revision-5 cross-section reader share.
+#pragma once
+
+#include "fortran/list_directed.hpp"
+#include "input/linerd.hpp"
+#include "model/deck_reader.hpp"
+#include "model/tube_record.hpp"
+
+namespace korvat {
+
+// Reads text lines and list-directed records from NF12, counting every line fetched in NLINE.
+// Functions return no_fault or a cause code after they have written the message to NF6.
+class Rev5Reader {
+public:
+    explicit Rev5Reader(Store& store) : cmn(store), stress(store.FACF / store.FACL / store.FACL) {}
+
+    // Fetches one line of `Width` columns.
+    template <std::size_t Width>
+    [[nodiscard]] int fetch(fortran::Text<Width>& line) {
+        ++cmn.NLINE;
+        const fortran::ReadStatus status = cmn.runtime.read_line(cmn.NF12, line);
+        if (status == fortran::ReadStatus::line) return no_fault;
+        return report_unreadable(status);
+    }
+
+    // Reads the values of one record; they may go on over several lines.
+    template <typename... Values>
+    [[nodiscard]] int read_values(Values&... values) {
+        fortran::ListDirected list;
+        int fault = no_fault;
+        // Stops at the first value that faults.
+        static_cast<void>((((fault = take(list, values)) == no_fault) && ...));
+        return fault;
+    }
+
+    // Writes the message of a failed check.
+    template <fortran::Writable... Items>
+    [[nodiscard]] int reject(std::string_view format, const Items&... items) {
+        cmn.runtime.write(cmn.NF6, format, items...);
+        return cause::bad_value;
+    }
+
+    [[nodiscard]] int report_unreadable(fortran::ReadStatus status) {
+        return status == fortran::ReadStatus::end ? report_end_of_file() : report_bad_value();
+    }
+
+    Store& cmn;
+    double stress; // stress factor FACF / FACL / FACL
+    int LOC = 0;   // location code of the record being read
+
+private:
+    template <typename Value>
+    int take(fortran::ListDirected& list, Value& value) {
+        while (true) {
+            const auto result = list.take(value);
+            if (result == fortran::ListDirected::Result::value) return no_fault;
+            if (result == fortran::ListDirected::Result::bad_value) return report_bad_value();
+            fortran::Text<120> line;
+            if (const int fault = fetch(line)) return fault;
+            list.add_line(line.view());
+        }
+    }
+
+    int report_bad_value();
+    int report_end_of_file();
+};
+
+// The parts of the section, in deck order.
+[[nodiscard]] int read_cross_section_lines(Rev5Reader& in);
+[[nodiscard]] int read_curve_points(Rev5Reader& in);
+
+// Reads the sub-sections of composite N, `type` of them, into the slots behind `slot`, which is
+// advanced.
+[[nodiscard]] int read_sub_sections(Rev5Reader& in, int N, int type, int& slot);
+
+} // namespace korvat

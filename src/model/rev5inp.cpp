@@ -1,0 +1,153 @@
+// Reads the cross-section section of a revision-5 input.
+#include "model/rev5inp.hpp"
+
+#include "model/rev5_reader.hpp"
+
+namespace korvat {
+namespace {
+
+struct SectionLine {
+    int number = 0;
+    int type = 0;
+    int code = 0; // non-linear code
+    TubeRecord tube;
+    double ECC = 0.0;
+    double CMISC[3] = {};
+};
+
+int read_section_line(Rev5Reader& in, int N, SectionLine& line) {
+    in.LOC = deck::location_of(deck::record(deck::RecordId::cross_section_5), N);
+    TubeRecord& tube = line.tube;
+    if (const int fault =
+            in.read_values(line.number, line.type, line.code, tube.MATCRS, tube.DIAM, tube.WALL,
+                           tube.STFAX, tube.STFBN, tube.STFSH, tube.STFTO, tube.UWFLD, line.ECC,
+                           line.CMISC[0], line.CMISC[1], line.CMISC[2])) {
+        return fault;
+    }
+    if (line.number != N) {
+        return in.reject("(/,' **** SR/REV5INP : Cross section = ',i2,'  Expected',' value = ',i2)",
+                         line.number, N);
+    }
+    tube = scaled(tube, in.cmn, in.stress);
+    return no_fault;
+}
+
+bool is_composite(const SectionLine& line) {
+    return line.type >= 2;
+}
+
+// Error number of a section line, 0 when it is accepted; a later number replaces an earlier one.
+int section_error(const Store& cmn, int N, const SectionLine& line) {
+    const TubeRecord& tube = line.tube;
+    int error = 0;
+    if (!is_composite(line)) {
+        error = size_error(tube, cmn);
+        if (N > cmn.NUMCRS) error = 4;
+        if (tube.MATCRS < 1) error = 5;
+        if (tube.MATCRS > cmn.NUMMAT) error = 6;
+        if (line.type < 1) error = 7;
+    }
+    if (line.code > limits::curve_points) error = 8;
+    if (is_composite(line)) {
+        const double sum = tube.DIAM + tube.WALL + tube.STFAX + tube.STFBN + tube.STFSH +
+                           tube.STFTO + tube.UWFLD + tube.MATCRS;
+        if (sum > cmn.TOL) error = 9;
+    }
+    return error;
+}
+
+// The second line of the message.
+int reject_section(Rev5Reader& in, int error, int N, const SectionLine& line) {
+    switch (error) {
+    case 1:
+        return in.reject("(' Diameter =',f8.4)", line.tube.DIAM);
+    case 2:
+        return in.reject("(' Wall =',f8.4)", line.tube.WALL);
+    case 3:
+        return in.reject("(' Diameter,wall =',2f8.4)", line.tube.DIAM, line.tube.WALL);
+    case 4:
+        return in.reject("(' N,NUMCRS=',2i5)", N, in.cmn.NUMCRS);
+    case 5:
+    case 6:
+        return in.reject("(' Material no. =',i5)", line.tube.MATCRS);
+    case 7:
+        return in.reject("(' Cross section type error',i5)", line.type);
+    case 8:
+        return in.reject("(' Non-linear code error',i5)", line.code);
+    default:
+        return in.reject("(' Non-zero value given at composite crs sctn first line')");
+    }
+}
+
+int check_section(Rev5Reader& in, int N, const SectionLine& line) {
+    const int error = section_error(in.cmn, N, line);
+    if (error == 0) return no_fault;
+    in.cmn.runtime.write(
+        in.cmn.NF6,
+        "(/,' **** SR/REV5INP : Cross section data input control',/,' Crs. no, IERR=',2i4)", N,
+        error);
+    return reject_section(in, error, N, line);
+}
+
+void store_section(Store& cmn, int N, const SectionLine& line) {
+    store_tube(cmn, N, line.tube);
+    cmn.ITYCRS(N) = line.type;
+    cmn.NLCRS(N) = line.code;
+    cmn.ECC(N) = line.ECC;
+    for (int i = 1; i <= 3; ++i) {
+        cmn.CMISC(i, N) = line.CMISC[i - 1];
+    }
+}
+
+int read_heading_lines(Rev5Reader& in) {
+    in.LOC = deck::record(deck::RecordId::cross_section_5).location;
+    fortran::Text<80> line;
+    if (const int fault = in.fetch(line)) return fault;
+    if (!line.is_blank()) {
+        return in.reject(
+            "(/,' **** SR/REV5INP : Missing blank line in front of',' cross section data section')");
+    }
+    for (int i = 0; i < 3; ++i) {
+        if (const int fault = in.fetch(line)) return fault;
+    }
+    return no_fault;
+}
+
+int read_section(Rev5Reader& in) {
+    if (const int fault = read_heading_lines(in)) return fault;
+    if (const int fault = read_cross_section_lines(in)) return fault;
+    return read_curve_points(in);
+}
+
+} // namespace
+
+int Rev5Reader::report_bad_value() {
+    cmn.runtime.write(cmn.NF6, "(/,' **** SR/REV5INP : Input data format error  LOC=',i5)", LOC);
+    return cause::format_error;
+}
+
+int Rev5Reader::report_end_of_file() {
+    cmn.runtime.write(cmn.NF6, "(/,' **** SR/REV5INP : End-of-file at unit NF12  LOC=',i5)", LOC);
+    return cause::end_of_file;
+}
+
+int read_cross_section_lines(Rev5Reader& in) {
+    Store& cmn = in.cmn;
+    int slot = cmn.NUMCRS; // the last one taken; sub-sections follow the cross sections
+    for (int N = 1; N <= cmn.NUMCRS; ++N) {
+        SectionLine line;
+        if (const int fault = read_section_line(in, N, line)) return fault;
+        if (const int fault = check_section(in, N, line)) return fault;
+        store_section(cmn, N, line);
+        if (!is_composite(line)) continue;
+        if (const int fault = read_sub_sections(in, N, line.type, slot)) return fault;
+    }
+    return no_fault;
+}
+
+void rev5inp(Store& cmn) {
+    Rev5Reader in(cmn);
+    cmn.IERR = read_section(in);
+}
+
+} // namespace korvat
