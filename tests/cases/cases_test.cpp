@@ -1,17 +1,24 @@
-// Whole runs: every case folder, every example, and the deck that the documentation shows.
+// Whole runs: every case folder, every example, the decks that the documentation shows, and scaling.
 #include "../support/case.hpp"
 #include "../support/deck_reader.hpp"
 #include "../support/expected_file.hpp"
+#include "../support/listing_check.hpp"
+#include "../support/pile_file.hpp"
 #include "../support/pile_model.hpp"
 #include "../support/record_file.hpp"
+#include "../support/scaled_deck.hpp"
 #include "../support/scratch_directory.hpp"
 #include "../support/text.hpp"
+#include "../support/yield_check.hpp"
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
+#include <cstddef>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korvat::test {
@@ -19,7 +26,9 @@ namespace {
 
 const std::string deck_name = "KORVAT.INP";
 const std::string pile_file_name = "PILE.07";
+const std::string load_file_name = "LOAD.09";
 const std::string plot_name = "PILEPLOT.TXT";
+const std::string listing_name = "KORVAT.LIS";
 constexpr std::string_view normal_exit = " NORMAL EXIT FROM KORVAT";
 
 std::string name_of_case(const testing::TestParamInfo<std::filesystem::path>& info) {
@@ -34,18 +43,32 @@ std::vector<Record> records_of(const std::string& content) {
     return parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
 }
 
-// Both files of the run against the independent calculation.
-void expect_files_of_deck(const CaseResult& run) {
-    const PileModel model = build_model(parse_deck(run.files.at(deck_name)));
-    ASSERT_EQ(run.files.count(pile_file_name), 1U);
-    ASSERT_EQ(run.files.count(plot_name), 1U);
-    expect_same_pile_file(records_of(run.files.at(pile_file_name)), expected_pile_file(model));
-    expect_same_plot(run.files.at(plot_name), expected_plot(model));
+void expect_none(const std::vector<std::string>& differences) {
+    for (const std::string& difference : differences)
+        ADD_FAILURE() << difference;
 }
 
-void expect_no_differences(const CaseResult& run) {
-    for (const std::string& difference : run.differences)
-        ADD_FAILURE() << difference;
+// The files of the run against the independent calculation.
+void expect_files_of_deck(const CaseResult& run) {
+    const Deck deck = parse_deck(run.files.at(deck_name));
+    PileModel model = build_model(deck);
+    ASSERT_EQ(run.files.count(pile_file_name), 1U);
+    ASSERT_EQ(run.files.count(plot_name), 1U);
+    const std::vector<Record> records = records_of(run.files.at(pile_file_name));
+    const PileFile file = parse_pile_file(records);
+    ASSERT_EQ(file.has_curves, deck.revision == 5);
+    // Generated curves are judged by themselves: they may be any within their tolerance.
+    if (file.has_curves) expect_none(adopt_yield_curves(file, model));
+    expect_same_pile_file(records, expected_pile_file(model));
+    expect_same_plot(run.files.at(plot_name), expected_plot(model));
+    ASSERT_EQ(run.files.count(load_file_name), deck.load_vectors.empty() ? 0U : 1U);
+    if (!deck.load_vectors.empty()) {
+        expect_same_pile_file(records_of(run.files.at(load_file_name)), expected_load_file(deck));
+    }
+    ASSERT_EQ(run.files.count(listing_name), 1U);
+    if (deck.print_level > 0) {
+        expect_none(check_sum_differences(run.files.at(listing_name), file));
+    }
 }
 
 class CaseRun : public testing::TestWithParam<std::filesystem::path> {};
@@ -53,15 +76,14 @@ class ExampleRun : public testing::TestWithParam<std::filesystem::path> {};
 
 TEST_P(CaseRun, LeavesWhatIsExpected) {
     const CaseResult run = run_case(KORVAT_PROGRAM, GetParam());
-    expect_no_differences(run);
+    expect_none(run.differences);
     if (expected_exit_code(GetParam()) != 0 || HasFailure()) return;
-    // The calculation knows the older layout of the deck only.
-    if (deck_revision(run.files.at(deck_name)) == 4) expect_files_of_deck(run);
+    expect_files_of_deck(run);
 }
 
 TEST_P(ExampleRun, LeavesWhatIsExpected) {
     const CaseResult run = run_case(KORVAT_PROGRAM, GetParam());
-    expect_no_differences(run);
+    expect_none(run.differences);
     EXPECT_EQ(run.exit_code, 0);
     expect_files_of_deck(run);
 }
@@ -100,13 +122,47 @@ TEST(DocumentedDeck, RunsAsShown) {
     ASSERT_FALSE(decks.empty());
     for (const std::string& deck : decks) {
         const CaseResult run = run_deck(KORVAT_PROGRAM, &deck);
-        expect_no_differences(run);
+        expect_none(run.differences);
         EXPECT_EQ(run.exit_code, 0) << run.standard_error;
         ASSERT_EQ(run.files.count("KORVAT.MLG"), 1U);
         const std::vector<std::string> log = split_lines(run.files.at("KORVAT.MLG"));
         ASSERT_FALSE(log.empty());
         EXPECT_EQ(log.back().substr(0, normal_exit.size()), normal_exit);
         expect_files_of_deck(run);
+    }
+}
+
+PileFile pile_file_of(const std::string& deck) {
+    const CaseResult run = run_deck(KORVAT_PROGRAM, &deck);
+    expect_none(run.differences);
+    EXPECT_EQ(run.exit_code, 0);
+    return parse_pile_file(records_of(run.files.at(pile_file_name)));
+}
+
+void expect_scaled(double scaled, double value, double factor, std::size_t point) {
+    EXPECT_NEAR(scaled, value * factor, 1.0e-9 * std::abs(value * factor)) << "point " << point + 1;
+}
+
+TEST(YieldCurves, ScaleWithTheUnits) {
+    constexpr std::size_t sections = 3;
+    const PileFile plain = pile_file_of(scaled_deck(1.0, 1.0));
+    // kN and m to N and mm, and a pair of factors that no power of ten or two hides behind.
+    for (const auto& [force, length] : {std::pair{1000.0, 1000.0}, std::pair{0.224809, 3.28084}}) {
+        const std::string deck = scaled_deck(force, length);
+        const PileFile scaled = pile_file_of(deck);
+        PileModel model = build_model(parse_deck(deck));
+        expect_none(adopt_yield_curves(scaled, model));
+        for (std::size_t i = 0; i < sections; ++i) {
+            SCOPED_TRACE("section " + std::to_string(i + 1));
+            for (std::size_t p = 0; p < 10; ++p) {
+                const YieldPoint& point = plain.yield_points.at(i)[p];
+                const YieldPoint& other = scaled.yield_points.at(i)[p];
+                expect_scaled(other.elastic_axial, point.elastic_axial, force, p);
+                expect_scaled(other.plastic_axial, point.plastic_axial, force, p);
+                expect_scaled(other.elastic_moment, point.elastic_moment, force * length, p);
+                expect_scaled(other.plastic_moment, point.plastic_moment, force * length, p);
+            }
+        }
     }
 }
 

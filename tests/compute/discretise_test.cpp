@@ -3,6 +3,7 @@
 
 #include "compute/discretise.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 

@@ -21,6 +21,8 @@ struct Expected {
 
 const std::vector<Expected>& expected_records() {
     static const std::string control = "CONTROL SECTION";
+    static const std::string revision_5 = "CROSS SECTIONS, REVISION 5";
+    static const std::string loads = "LOAD VECTOR SECTION";
     static const std::vector<Expected> records = {
         {RecordId::force_factor, control, 1, 215, 215, {"FACF"}},
         {RecordId::length_factor, control, 1, 220, 220, {"FACL"}},
@@ -43,6 +45,26 @@ const std::vector<Expected>& expected_records() {
          401,
          402,
          {"N", "MATCRS", "DIAM", "WALL", "STFAX", "STFBN", "STFSH", "STFTO", "UWFLD"}},
+        {RecordId::cross_section_5,
+         revision_5,
+         15,
+         101,
+         102,
+         {"N", "ITYCRS", "NLCRS", "MATCRS", "DIAM", "WALL", "STFAX", "STFBN", "STFSH", "STFTO",
+          "UWFLD", "ECC", "CMISC(1)", "CMISC(2)", "CMISC(3)"}},
+        {RecordId::sub_section,
+         revision_5,
+         16,
+         1,
+         2,
+         {"N", "J", "ITYCRS", "NLCRS", "MATCRS", "DIAM", "WALL", "STFAX", "STFBN", "STFSH", "STFTO",
+          "UWFLD", "ECC", "CMISC(1)", "CMISC(2)", "CMISC(3)"}},
+        {RecordId::curve_point,
+         revision_5,
+         6,
+         2001,
+         2002,
+         {"N", "I", "FAXEL", "FMOEL", "FAXPL", "FMOPL"}},
         {RecordId::segment_type,
          "PILE SEGMENT TYPE DATA",
          5,
@@ -65,7 +87,15 @@ const std::vector<Expected>& expected_records() {
          901,
          902,
          {"NP1", "NP2", "ND1", "ND2", "CODE", "VAL(1)", "VAL(2)", "VAL(3)", "VAL(4)", "VAL(5)",
-          "VAL(6)"}}};
+          "VAL(6)"}},
+        {RecordId::loaded_piles, loads, 1, 1301, 1302, {"NLP"}},
+        {RecordId::load_factor, loads, 1, 1401, 1402, {"F"}},
+        {RecordId::pile_load,
+         loads,
+         7,
+         2001,
+         2002,
+         {"NP", "LOAD(1)", "LOAD(2)", "LOAD(3)", "LOAD(4)", "LOAD(5)", "LOAD(6)"}}};
     return records;
 }
 
@@ -84,6 +114,17 @@ TEST(DeckRecords, EveryRecordInDeckOrder) {
             names.emplace_back(item.name);
         EXPECT_EQ(names, expected.items);
     }
+}
+
+TEST(DeckRecords, LocationsOfRecordsInTwoLevels) {
+    const auto location = [](RecordId id, int k) { return deck::location_of(deck::record(id), k); };
+    EXPECT_EQ(location(RecordId::sub_section, 1000 * 7 + 3), 7003); // sub-section 3 of section 7
+    EXPECT_EQ(location(RecordId::curve_point, 100 * 4 + 10), 2410); // (4 + 20) * 100 + 10
+    EXPECT_EQ(location(RecordId::pile_load, 100 * 2 + 13), 2213);   // (2 + 20) * 100 + 13
+}
+
+TEST(DeckRecords, LocationsSaturate) {
+    EXPECT_EQ(deck::location_of(deck::record(RecordId::loaded_piles), 2147483647), 2147483647);
 }
 
 TEST(DeckRecords, EveryItemHasAMeaningAndAUnit) {

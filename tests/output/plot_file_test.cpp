@@ -3,6 +3,7 @@
 
 #include "output/plot_file.hpp"
 
+#include <algorithm>
 #include <limits>
 
 namespace korvat::test {

@@ -18,7 +18,8 @@ void fail(Store& cmn) {
 }
 
 template <int code>
-void fail_printing(Store& cmn, const fortran::Text<10>&, const fortran::Text<11>&) {
+void fail_printing(Store& cmn, const fortran::Text<10>&, const fortran::Text<11>&,
+                   const TimeFields&) {
     cmn.IERR = code;
 }
 

@@ -44,9 +44,10 @@ void place_two_piles(Store& cmn) {
     cmn.YNOD(1, 2) = 20.0;
 }
 
-void tell_print(Store& cmn, const fortran::Text<10>& version,
-                const fortran::Text<11>& release_date) {
+void tell_print(Store& cmn, const fortran::Text<10>& version, const fortran::Text<11>& release_date,
+                const TimeFields& ITIME) {
     tell(cmn, "printpil");
+    EXPECT_GE(ITIME(1), 2026); // the clock has been read for the listing
     cmn.runtime.write(cmn.NF13, "(' listing of ',a,'|',i5)", version,
                       static_cast<int>(fortran::last_non_blank(release_date.view())));
 }

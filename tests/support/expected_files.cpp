@@ -1,17 +1,22 @@
 // The records of the analysis file and the lines of the plot file that a pile model must give.
 #include "pile_model.hpp"
 
+#include "text.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
 #include <limits>
 #include <string>
 
 namespace korvat::test {
 
 namespace {
+
+constexpr std::size_t most_sections = 200;
+constexpr std::size_t most_sub_sections = 12;
+constexpr std::size_t most_points = 10;
 
 constexpr std::array<const char*, 3> node_value_names = {"springs", "loads", "soil displacements"};
 
@@ -43,11 +48,19 @@ const ModelSection& section_at(const PileModel& model, int number) {
     return model.sections.at(static_cast<std::size_t>(number) - 1);
 }
 
+// Zero for a composite, which has no material.
+MaterialRecord material_of(const PileModel& model, int section) {
+    const int material = section_at(model, section).material;
+    if (material == 0) return {};
+    return model.materials.at(static_cast<std::size_t>(material) - 1);
+}
+
 double temperature_strain(const PileModel& model, const ModelPile& pile, std::size_t element,
                           int section) {
-    const int material = section_at(model, section).material;
-    const double strain =
-        model.materials.at(static_cast<std::size_t>(material) - 1).temperature_strain;
+    // At an element of a composite the node values are strains already.
+    const double strain = section_at(model, section).material == 0
+                              ? 1.0
+                              : material_of(model, section).temperature_strain;
     return strain * (pile.temperatures[element] + pile.temperatures[element + 1]) * 0.5;
 }
 
@@ -115,28 +128,16 @@ void append_pile(const PileModel& model, const ModelPile& pile, int number, Expe
     file.push_back(element_types(model, pile, number));
 }
 
-std::string fixed_point(double value, int width) {
-    std::array<char, 400> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%*.3f", width, value);
-    return {buffer.data(), static_cast<std::size_t>(length)};
-}
-
 std::string integer_field(int value, std::size_t width) {
     const std::string digits = std::to_string(value);
     return std::string(width - std::min(width, digits.size()), ' ') + digits;
 }
 
-// Three decimals; both neighbours are accepted where the value lies on the border between them.
 PlotPiece decimals(double value, int width, double absolute_tolerance) {
-    const double margin = std::max(1.0e-12 * std::abs(value), absolute_tolerance);
-    PlotPiece forms = {fixed_point(value, width)};
-    // A zero comes from zeros, and has no sign.
-    if (value == 0.0) return forms;
-    for (const double near : {value - margin, value + margin}) {
-        const std::string form = fixed_point(near, width);
-        if (std::find(forms.begin(), forms.end(), form) == forms.end()) forms.push_back(form);
-    }
-    return forms;
+    // A zero comes from zeros.
+    const double margin =
+        value == 0.0 ? 0.0 : std::max(1.0e-12 * std::abs(value), absolute_tolerance);
+    return printed_forms(value, width, 3, margin);
 }
 
 PlotPiece merged(PlotPiece first, const PlotPiece& second) {
@@ -145,8 +146,7 @@ PlotPiece merged(PlotPiece first, const PlotPiece& second) {
 }
 
 std::string material_kind(const PileModel& model, int section) {
-    const int material = section_at(model, section).material;
-    const double modulus = model.materials.at(static_cast<std::size_t>(material) - 1).young;
+    const double modulus = material_of(model, section).young;
     const bool concrete = static_cast<double>(0.2F) > modulus / model.steel_modulus;
     return integer_field(concrete ? 2 : 1, 4);
 }
@@ -154,12 +154,12 @@ std::string material_kind(const PileModel& model, int section) {
 void append_plot_of_pile(const PileModel& model, const ModelPile& pile, int number,
                          ExpectedPlot& plot) {
     const ElementSection& tip = pile.elements.back();
-    const auto& tube = section_at(model, tip.section).values;
-    const auto& other_tube = section_at(model, tip.other).values;
+    const ModelSection& tube = section_at(model, tip.section);
+    const ModelSection& other_tube = section_at(model, tip.other);
     plot.push_back({});
     plot.push_back({{integer_field(number, 4) + integer_field(count_of(pile.x.size()), 4)},
-                    merged(decimals(tube[0], 7, 0.0), decimals(other_tube[0], 7, 0.0)),
-                    merged(decimals(tube[1], 7, 0.0), decimals(other_tube[1], 7, 0.0)),
+                    merged(decimals(tube.diameter, 7, 0.0), decimals(other_tube.diameter, 7, 0.0)),
+                    merged(decimals(tube.wall, 7, 0.0), decimals(other_tube.wall, 7, 0.0)),
                     {material_kind(model, tip.section), material_kind(model, tip.other)},
                     {"  Pile,nodes,diam,wall,'material (1=steel 2=concrete)"}});
     plot.push_back({});
@@ -173,10 +173,49 @@ void append_plot_of_pile(const PileModel& model, const ModelPile& pile, int numb
     }
 }
 
+// Type, non-linear code and sub-sections of all sections for which there is room.
+ExpectedRecord section_kinds(const PileModel& model) {
+    std::vector<std::int32_t> types(most_sections, 0);
+    std::vector<std::int32_t> codes(most_sections, 0);
+    std::vector<std::int32_t> parts(most_sections * most_sub_sections, 0);
+    for (std::size_t i = 0; i < model.sections.size(); ++i) {
+        const ModelSection& section = model.sections[i];
+        types[i] = section.type;
+        codes[i] = section.nonlinear < 0 ? count_of(most_points) : section.nonlinear;
+        std::copy(section.sub_sections.begin(), section.sub_sections.end(),
+                  parts.begin() + static_cast<std::ptrdiff_t>(i * most_sub_sections));
+    }
+    ExpectedRecord record;
+    record.what = "kinds of cross sections";
+    for (const auto* const list : {&types, &codes, &parts})
+        record.items.insert(record.items.end(), list->begin(), list->end());
+    return record;
+}
+
+ExpectedRecord yield_curves(const PileModel& model) {
+    ExpectedRecord record;
+    record.what = "yield curves";
+    for (const auto value : {&YieldPoint::elastic_axial, &YieldPoint::elastic_moment,
+                             &YieldPoint::plastic_axial, &YieldPoint::plastic_moment}) {
+        std::vector<double> values(most_sections * most_points, 0.0);
+        for (std::size_t i = 0; i < model.sections.size(); ++i) {
+            const std::vector<YieldPoint>& points = model.sections[i].points;
+            for (std::size_t p = 0; p < points.size(); ++p)
+                values.at(i * most_points + p) = points[p].*value;
+        }
+        record.items.insert(record.items.end(), values.begin(), values.end());
+    }
+    return record;
+}
+
 } // namespace
 
 ExpectedFile expected_pile_file(const PileModel& model) {
     ExpectedFile file;
+    if (model.revision > 4) {
+        file.push_back(
+            {"date of the revision", 0, 0.0, {"year", "month", "day"}, {2009, 9, 1}, {}});
+    }
     file.push_back({"label", 0, 0.0, {"label"}, {model.label}, {}});
     file.push_back({"counts",
                     0,
@@ -188,6 +227,10 @@ ExpectedFile expected_pile_file(const PileModel& model) {
         const auto& values = model.sections[i].values;
         file.push_back(reals("cross section " + std::to_string(i + 1), 0,
                              {values.begin(), values.end()}, "slot"));
+    }
+    if (model.revision > 4) {
+        file.push_back(section_kinds(model));
+        file.push_back(yield_curves(model));
     }
     for (std::size_t i = 0; i < model.piles.size(); ++i) {
         append_pile(model, model.piles[i], count_of(i) + 1, file);

@@ -17,6 +17,10 @@ constexpr std::string_view masked_stamp =
     " THIS RUN WAS STARTED :  DD-MMM-YYYY  AT  HH:MM:SS HOURS";
 constexpr std::string_view start_text = " +++++ START PROGRAM KORVAT   VERSION =  7.6.0.81  ";
 constexpr std::string_view version_text = " VERSION :   7.6.0.81  ";
+constexpr std::string_view page_form =
+    " KORVAT Output   Program Version =  7.6.0.81  ##-Mon-####     Time = ##-MMM-####  ##:##:##";
+constexpr std::string_view masked_page =
+    " KORVAT Output   Program Version =  7.6.0.81  DD-Mon-YYYY     Time = DD-MMM-YYYY  HH:MM:SS";
 constexpr std::string_view date_form = "##-Mon-####";
 constexpr std::string_view masked_date = "DD-Mon-YYYY";
 
@@ -103,6 +107,10 @@ std::string mask_listing(std::string_view text) {
         return is_dated(line, version_text);
     });
     if (version != lines.end()) *version = masked_dated(version_text);
+    // Every page has its header.
+    for (std::string& line : lines) {
+        if (has_form(line, page_form)) line = masked_page;
+    }
     return join_lines(lines);
 }
 

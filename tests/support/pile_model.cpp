@@ -1,10 +1,11 @@
 // Independent calculation of what a deck gives: cross sections, nodes and elements of every pile.
 #include "pile_model.hpp"
 
+#include "deck_units.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 #include <stdexcept>
 #include <string>
 
@@ -12,25 +13,13 @@ namespace korvat::test {
 
 namespace {
 
-using Extended = long double;
+using Extended = Units::Extended;
 
 constexpr double smallest = 1.0e-10;
 constexpr int most_nodes = 451;
 
-struct Units {
-    double force = 1.0;
-    double length = 1.0;
-    Extended stress() const { return Extended(force) / (Extended(length) * length); }
-    Extended weight() const { return stress() / length; }
-    Extended stiffness() const { return Extended(force) * length * length; }
-};
-
 [[noreturn]] void fail_at(const std::string& what, int number, const std::string& why) {
     throw std::runtime_error(what + " " + std::to_string(number) + ": " + why);
-}
-
-double factor_or_one(double factor) {
-    return smallest > factor ? 1.0 : factor;
 }
 
 std::size_t index_of(int number, std::size_t count, const char* what) {
@@ -40,86 +29,10 @@ std::size_t index_of(int number, std::size_t count, const char* what) {
     return static_cast<std::size_t>(number) - 1;
 }
 
-double scaled(double value, Extended factor) {
-    return static_cast<double>(value * factor);
-}
-
 MaterialRecord scaled_material(const MaterialRecord& material, const Units& units) {
     return {scaled(material.young, units.stress()), scaled(material.shear, units.stress()),
             scaled(material.yield, units.stress()), scaled(material.wall_weight, units.weight()),
             material.temperature_strain};
-}
-
-SectionRecord scaled_section(const SectionRecord& section, const Units& units) {
-    SectionRecord result = section;
-    result.diameter = scaled(section.diameter, units.length);
-    result.wall = scaled(section.wall, units.length);
-    result.axial = scaled(section.axial, units.force);
-    result.shear = scaled(section.shear, units.force);
-    result.bending = scaled(section.bending, units.stiffness());
-    result.torsion = scaled(section.torsion, units.stiffness());
-    result.fluid_weight = scaled(section.fluid_weight, units.weight());
-    return result;
-}
-
-// The omitted sections sit at the middles of as many equal parts as there are omitted sections.
-SectionRecord omitted_section(const SectionRecord& from, const SectionRecord& to, int number) {
-    const Extended share =
-        (Extended(number) - from.number - 0.5L) / Extended(to.number - from.number - 1);
-    const auto between = [&](double a, double b) {
-        return static_cast<double>(Extended(a) * (1.0L - share) + Extended(b) * share);
-    };
-    return {number,
-            from.material,
-            between(from.diameter, to.diameter),
-            between(from.wall, to.wall),
-            between(from.axial, to.axial),
-            between(from.bending, to.bending),
-            between(from.shear, to.shear),
-            between(from.torsion, to.torsion),
-            between(from.fluid_weight, to.fluid_weight)};
-}
-
-std::vector<SectionRecord> all_sections(const Deck& deck, const Units& units) {
-    std::vector<SectionRecord> sections;
-    for (const SectionRecord& given : deck.section_records) {
-        const SectionRecord next = scaled_section(given, units);
-        const SectionRecord previous = sections.empty() ? SectionRecord{} : sections.back();
-        for (int number = previous.number + 1; number < next.number; ++number) {
-            sections.push_back(omitted_section(previous, next, number));
-        }
-        sections.push_back(next);
-    }
-    return sections;
-}
-
-ModelSection tube(const SectionRecord& section, const MaterialRecord& material) {
-    const Extended outer = section.diameter;
-    const Extended inner = outer - 2.0L * section.wall;
-    const Extended pi = std::numbers::pi_v<Extended>;
-    const Extended area = pi / 4.0L * (outer - inner) * (outer + inner);
-    const Extended inertia =
-        pi / 64.0L * (outer - inner) * (outer + inner) * (outer * outer + inner * inner);
-    const auto given_or = [](double given, Extended computed) {
-        return given > smallest ? given : static_cast<double>(computed);
-    };
-    ModelSection result;
-    result.material = section.material;
-    result.values = {section.diameter,
-                     section.wall,
-                     static_cast<double>(area),
-                     static_cast<double>(2.0L * inertia / outer),
-                     given_or(section.axial, area * material.young),
-                     given_or(section.shear, area * material.shear),
-                     given_or(section.bending, inertia * material.young),
-                     given_or(section.torsion, 2.0L * inertia * material.shear),
-                     material.wall_weight,
-                     section.fluid_weight,
-                     material.temperature_strain,
-                     material.yield,
-                     material.young,
-                     material.shear};
-    return result;
 }
 
 // Head and tip of every pile. Node positions are computed in double and in the order of the method
@@ -295,32 +208,34 @@ void check_tips(const PileModel& model) {
 
 std::vector<ElementSection> element_sections(int first_section, int last_section, double length,
                                              int elements) {
-    const auto sections = [&](double l) {
-        return sections_for_length(first_section, last_section, l, elements);
-    };
-    const std::vector<int> at_length = sections(length);
-    const std::vector<int> at_less = sections(std::nextafter(length, 0.0));
-    const std::vector<int> at_more = sections(std::nextafter(length, 2.0 * length));
+    const int lowest = std::min(first_section, last_section);
+    const int highest = std::max(first_section, last_section);
     std::vector<ElementSection> result;
-    for (std::size_t i = 0; i < at_length.size(); ++i) {
-        const int other = at_less[i] != at_length[i] ? at_less[i] : at_more[i];
-        result.push_back({at_length[i], other});
+    for (const int section : sections_for_length(first_section, last_section, length, elements)) {
+        // The length cancels out: twice the count of elements times what is rounded down.
+        const int i = static_cast<int>(result.size());
+        const int rounded =
+            2 * elements * first_section + (last_section - first_section) * (2 * i + 1) + elements;
+        int other = section;
+        if (rounded % (2 * elements) == 0) {
+            const int border = rounded / (2 * elements);
+            other = std::clamp(section == border ? border - 1 : border, lowest, highest);
+        }
+        result.push_back({section, other});
     }
     return result;
 }
 
 PileModel build_model(const Deck& deck) {
-    const Units units = {factor_or_one(deck.force_factor), factor_or_one(deck.length_factor)};
+    const Units units = units_of(deck.force_factor, deck.length_factor);
     PileModel model;
+    model.revision = deck.revision;
     model.label = deck.label;
     model.steel_modulus = static_cast<double>(2.1e8L * units.stress());
     for (const MaterialRecord& material : deck.materials) {
         model.materials.push_back(scaled_material(material, units));
     }
-    for (const SectionRecord& section : all_sections(deck, units)) {
-        const std::size_t m = index_of(section.material, model.materials.size(), "material");
-        model.sections.push_back(tube(section, model.materials[m]));
-    }
+    model.sections = model_sections(deck, units, model.materials);
     for (const PileRecord& record : all_piles(deck, units.length)) {
         ModelPile pile;
         if (record.source != 0) {

@@ -1,22 +1,18 @@
-// Independent calculation of what a deck gives: cross sections, nodes, elements and both files.
+// Independent calculation of what a deck gives: cross sections, nodes, elements and the files.
 #pragma once
 
 #include "deck_reader.hpp"
 #include "expected_file.hpp"
+#include "section_model.hpp"
 
 #include <array>
 #include <vector>
 
 namespace korvat::test {
 
-struct ModelSection {
-    int material = 0;
-    std::array<double, 20> values{}; // slot 1 first
-};
-
 // Cross-section numbers step along a segment and are rounded at the midpoints of the elements. Where
-// a midpoint lies so close to a step that the last bit of the segment length decides, both sections
-// are right, since a length may be converted to either of two neighbouring reals. Else both are equal.
+// a midpoint lies on a step, the last bits of the segment length decide, and both sections are right,
+// since the conversion of a length may change these. Else both are equal.
 struct ElementSection {
     int section = 0;
     int other = 0;
@@ -33,6 +29,7 @@ struct ModelPile {
 };
 
 struct PileModel {
+    int revision = 0;
     std::string label;
     double steel_modulus = 0.0;
     std::vector<MaterialRecord> materials; // in the units of the analysis
@@ -47,7 +44,9 @@ PileModel build_model(const Deck& deck);
 std::vector<ElementSection> element_sections(int first_section, int last_section, double length,
                                              int elements);
 
+// Generated yield curves are expected as the points that the cross section holds.
 ExpectedFile expected_pile_file(const PileModel& model);
 ExpectedPlot expected_plot(const PileModel& model);
+ExpectedFile expected_load_file(const Deck& deck);
 
 } // namespace korvat::test

@@ -149,6 +149,32 @@ TEST(SupportMasks, MaskTheListing) {
               " VERSION :  7.6.0.81  04-Feb-2020\n");
 }
 
+TEST(SupportMasks, MaskEveryPageHeaderOfTheListing) {
+    constexpr std::string_view header =
+        " KORVAT Output   Program Version =  7.6.0.81  04-Feb-2020     Time = 31-DEC-2024"
+        "  23:59:59\n";
+    constexpr std::string_view masked =
+        " KORVAT Output   Program Version =  7.6.0.81  DD-Mon-YYYY     Time = DD-MMM-YYYY"
+        "  HH:MM:SS\n";
+    const std::string page = "\n1\n" + std::string(header);
+    EXPECT_EQ(mask_listing(page + "table\n" + page),
+              "\n1\n" + std::string(masked) + "table\n\n1\n" + std::string(masked));
+    for (const std::string& other :
+         {with_change(header, "DEC", "Dec"), with_change(header, "Feb", "FEB"),
+          with_change(header, "  23:59", " 23:59"), with_change(header, ":59\n", ":59 \n"),
+          with_change(header, "31-", " 1-"), with_change(header, " KORVAT", "KORVAT")}) {
+        EXPECT_EQ(mask_listing(other), other);
+    }
+}
+
+TEST(SupportText, PrintsNumbersOnABorderInBothForms) {
+    EXPECT_EQ(printed_forms(-2.5, 8, 2, 0.0), (std::vector<std::string>{"   -2.50"}));
+    EXPECT_EQ(printed_forms(-0.0, 6, 2, 0.0), (std::vector<std::string>{"  0.00"}));
+    EXPECT_EQ(printed_forms(0.25, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.2", "  0.3"}));
+    EXPECT_EQ(printed_forms(0.0, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.0", " -0.0"}));
+    EXPECT_EQ(printed_forms(0.24, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.2"}));
+}
+
 TEST(SupportCase, ShowsDifferences) {
     EXPECT_EQ(text_difference("a\nb\n", "a\nb\n"), "");
     EXPECT_EQ(text_difference("a\nb \n", "a\nb\n"),
