@@ -11,9 +11,9 @@ install_missing() {
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then as_root=(sudo -n); fi
     echo "Installing: ${missing[*]}"
-    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" apt-get -o DPkg::Lock::Timeout=300 update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+        apt-get -o DPkg::Lock::Timeout=300 install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 build_packages=(g++ cmake ninja-build libcctbx-dev)

@@ -144,7 +144,7 @@ void expect_scaled(double scaled, double value, double factor, std::size_t point
 }
 
 TEST(YieldCurves, ScaleWithTheUnits) {
-    constexpr std::size_t sections = 3;
+    constexpr std::size_t sections = 5;
     const PileFile plain = pile_file_of(scaled_deck(1.0, 1.0));
     // kN and m to N and mm, and a pair of factors that no power of ten or two hides behind.
     for (const auto& [force, length] : {std::pair{1000.0, 1000.0}, std::pair{0.224809, 3.28084}}) {

@@ -1,4 +1,4 @@
-// Over a thousand random pile groups, run in batches: every pile is divided and placed as its deck says.
+// Over a thousand random pile groups, run in batches: all piles are divided and placed as given.
 #include "../support/case.hpp"
 #include "../support/listing_check.hpp"
 #include "../support/pile_file.hpp"

@@ -1,6 +1,7 @@
 // Decks of random pile groups, and what is known of every pile from the way it was made.
 #include "random_groups.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -44,7 +45,7 @@ public:
     RandomDeck make() {
         // A group and its mirror take no more places than the largest group.
         while (deck_.piles.size() + most_in_group <= most_piles)
-            add_group(pick(1, most_in_group));
+            add_group(group_size());
         deck_.text = text();
         return deck_;
     }
@@ -58,6 +59,12 @@ private:
 
     // In thousandths, so that the deck holds the value in full.
     double pick_length(int low, int high) { return pick(low * 1000, high * 1000) / 1000.0; }
+
+    // Small groups more often than large ones.
+    int group_size() {
+        const int size = pick(1, most_in_group);
+        return std::min(size, pick(1, most_in_group));
+    }
 
     int size() const { return static_cast<int>(deck_.piles.size()); }
 
@@ -83,7 +90,7 @@ private:
             }
         }
         deck_.groups.push_back({first, last, 0, 0});
-        if (2 * count > most_in_group || pick(1, 2) == 1) return;
+        if (2 * count > most_in_group || pick(1, 3) > 1) return;
         const int mirror = pick(1, 2);
         for (int number = first; number <= last; ++number)
             add_mirror(number, mirror);

@@ -261,10 +261,11 @@ TEST(SupportExpectedFile, CountsTenPointsOfAGeneratedCurve) {
     PileModel model = build_model(parse_deck(scaled_deck(1.0, 1.0)));
     model.sections[1].points.assign(10, {1.0, 2.0, 3.0, 4.0});
     const ExpectedFile file = expected_pile_file(model);
-    const std::vector<double> kinds = numbers_of(file[6]);
+    // Date, label, counts and five sections come first.
+    const std::vector<double> kinds = numbers_of(file[8]);
     EXPECT_EQ(kinds[200], 10.0);
-    EXPECT_EQ(kinds[203], 0.0);
-    const std::vector<double> curves = numbers_of(file[7]);
+    EXPECT_EQ(kinds[205], 0.0);
+    const std::vector<double> curves = numbers_of(file[9]);
     EXPECT_EQ(curves[9], 0.0);
     EXPECT_EQ(curves[10], 1.0);
     EXPECT_EQ(curves[2000 + 19], 2.0);

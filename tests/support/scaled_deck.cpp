@@ -12,8 +12,8 @@ KORVAT Version: 2009-09-01
 heading
 )" + factors +
            R"(1 pile
-3 cross sections
-1 material
+5 cross sections
+2 materials
 1 segment type
 0
 0
@@ -23,6 +23,7 @@ heading
 heading
 heading
 1 2.1e8 8.0e7 355000 77.0 1.2e-5
+2 2.1e8 8.0e7 500000 77.0 1.2e-5
 
 heading
 heading
@@ -30,6 +31,8 @@ heading
 1 1 -1 1  1.0 0.040  0 0 0 0  0 0 0 0 0
 2 1 -2 1  1.2 0.015  0 0 0 0  0 0 0 0 0
 3 1 -1 1  1.2 0.0125 0 0 0 0  0 0 0 0 0
+4 1 -1 2  1.2 0.0102 0 0 0 0  0 0 0 0 0
+5 1 -2 2  1.2 0.0102 0 0 0 0  0 0 0 0 0
 
 heading
 heading
