@@ -8,6 +8,16 @@
 
 namespace korvat {
 
+// The values of a section line or a sub-section line behind its leading integers.
+struct Rev5Tube {
+    TubeRecord tube;
+    double ECC = 0.0;
+    double CMISC[3] = {};
+};
+
+// Stores a tube in internal units as cross section `number`.
+void store_rev5_tube(Store& cmn, int number, const Rev5Tube& tube);
+
 // Reads text lines and list-directed records from NF12, counting every line fetched in NLINE.
 // Functions return no_fault or a cause code after they have written the message to NF6.
 class Rev5Reader {
@@ -31,6 +41,15 @@ public:
         // Stops at the first value that faults.
         static_cast<void>((((fault = take(list, values)) == no_fault) && ...));
         return fault;
+    }
+
+    // Reads the leading integers of a line and the values of its tube.
+    template <typename... Integers>
+    [[nodiscard]] int read_tube(Rev5Tube& line, Integers&... leading) {
+        TubeRecord& tube = line.tube;
+        return read_values(leading..., tube.MATCRS, tube.DIAM, tube.WALL, tube.STFAX, tube.STFBN,
+                           tube.STFSH, tube.STFTO, tube.UWFLD, line.ECC, line.CMISC[0],
+                           line.CMISC[1], line.CMISC[2]);
     }
 
     // Writes the message of a failed check.

@@ -8,22 +8,16 @@
 namespace korvat {
 namespace {
 
-struct SubSectionLine {
+struct SubSectionLine : Rev5Tube {
     int number = 0; // of the cross section
     int sequence = 0;
     int type = 0;
     int code = 0; // non-linear code
-    TubeRecord tube;
-    double ECC = 0.0;
-    double CMISC[3] = {};
 };
 
 int read_line(Rev5Reader& in, int N, int j, SubSectionLine& line) {
     in.LOC = deck::location_of(deck::record(deck::RecordId::sub_section), N * 1000 + j);
-    TubeRecord& tube = line.tube;
-    return in.read_values(line.number, line.sequence, line.type, line.code, tube.MATCRS, tube.DIAM,
-                          tube.WALL, tube.STFAX, tube.STFBN, tube.STFSH, tube.STFTO, tube.UWFLD,
-                          line.ECC, line.CMISC[0], line.CMISC[1], line.CMISC[2]);
+    return in.read_tube(line, line.number, line.sequence, line.type, line.code);
 }
 
 int check_numbers(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
@@ -100,13 +94,9 @@ int check_nesting(Rev5Reader& in, int N, int j, double inner, double DIAM) {
 }
 
 void store_sub_section(Store& cmn, int slot, const SubSectionLine& line) {
-    store_tube(cmn, slot, line.tube);
+    store_rev5_tube(cmn, slot, line);
     cmn.ITYCRS(slot) = 1;
     cmn.NLCRS(slot) = 0;
-    cmn.ECC(slot) = line.ECC;
-    for (int i = 1; i <= 3; ++i) {
-        cmn.CMISC(i, slot) = line.CMISC[i - 1];
-    }
 }
 
 } // namespace

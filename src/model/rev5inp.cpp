@@ -6,29 +6,20 @@
 namespace korvat {
 namespace {
 
-struct SectionLine {
+struct SectionLine : Rev5Tube {
     int number = 0;
     int type = 0;
     int code = 0; // non-linear code
-    TubeRecord tube;
-    double ECC = 0.0;
-    double CMISC[3] = {};
 };
 
 int read_section_line(Rev5Reader& in, int N, SectionLine& line) {
     in.LOC = deck::location_of(deck::record(deck::RecordId::cross_section_5), N);
-    TubeRecord& tube = line.tube;
-    if (const int fault =
-            in.read_values(line.number, line.type, line.code, tube.MATCRS, tube.DIAM, tube.WALL,
-                           tube.STFAX, tube.STFBN, tube.STFSH, tube.STFTO, tube.UWFLD, line.ECC,
-                           line.CMISC[0], line.CMISC[1], line.CMISC[2])) {
-        return fault;
-    }
+    if (const int fault = in.read_tube(line, line.number, line.type, line.code)) return fault;
     if (line.number != N) {
         return in.reject("(/,' **** SR/REV5INP : Cross section = ',i2,'  Expected',' value = ',i2)",
                          line.number, N);
     }
-    tube = scaled(tube, in.cmn, in.stress);
+    line.tube = scaled(line.tube, in.cmn, in.stress);
     return no_fault;
 }
 
@@ -90,13 +81,9 @@ int check_section(Rev5Reader& in, int N, const SectionLine& line) {
 }
 
 void store_section(Store& cmn, int N, const SectionLine& line) {
-    store_tube(cmn, N, line.tube);
+    store_rev5_tube(cmn, N, line);
     cmn.ITYCRS(N) = line.type;
     cmn.NLCRS(N) = line.code;
-    cmn.ECC(N) = line.ECC;
-    for (int i = 1; i <= 3; ++i) {
-        cmn.CMISC(i, N) = line.CMISC[i - 1];
-    }
 }
 
 int read_heading_lines(Rev5Reader& in) {
@@ -120,6 +107,14 @@ int read_section(Rev5Reader& in) {
 }
 
 } // namespace
+
+void store_rev5_tube(Store& cmn, int number, const Rev5Tube& tube) {
+    store_tube(cmn, number, tube.tube);
+    cmn.ECC(number) = tube.ECC;
+    for (int i = 1; i <= 3; ++i) {
+        cmn.CMISC(i, number) = tube.CMISC[i - 1];
+    }
+}
 
 int Rev5Reader::report_bad_value() {
     cmn.runtime.write(cmn.NF6, "(/,' **** SR/REV5INP : Input data format error  LOC=',i5)", LOC);

@@ -61,6 +61,7 @@ platform::HardwareAddress parsed_address(const std::string& text) {
 // The numbers of the machine's Ethernet adapters, as the kernel lists them under /sys.
 std::set<int> numbers_of_adapters(const std::filesystem::path& list) {
     std::set<int> numbers;
+    if (!std::filesystem::is_directory(list)) return numbers;
     for (const auto& adapter : std::filesystem::directory_iterator(list)) {
         if (!std::filesystem::is_directory(adapter.path())) continue; // not an adapter's entry
         const std::string ethernet = "1";
@@ -73,9 +74,7 @@ std::set<int> numbers_of_adapters(const std::filesystem::path& list) {
 }
 
 TEST(SystemIdentification, HostNumberIsThatOfAnAdapter) {
-    const std::filesystem::path list = "/sys/class/net";
-    if (!std::filesystem::is_directory(list)) GTEST_SKIP() << "the kernel lists no adapters here";
-    const std::set<int> numbers = numbers_of_adapters(list);
+    const std::set<int> numbers = numbers_of_adapters("/sys/class/net");
     const int number = platform::host_number();
     if (numbers.empty()) {
         EXPECT_EQ(number, 0);
