@@ -87,6 +87,7 @@ public:
 
     void write(Store& cmn, int NCOLS, int IOUT) const {
         std::vector<fortran::Item> items;
+        items.reserve(static_cast<std::size_t>(NCOLS));
         for (int i = 0; i < NCOLS; ++i) {
             items.emplace_back(fortran::characters(
                 std::string_view(&characters_[static_cast<std::size_t>(i)], 1)));
