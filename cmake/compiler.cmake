@@ -19,7 +19,7 @@ target_compile_options(
             -ffp-contract=off
             -fno-fast-math)
 
-if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT KORVAT_SANITIZE)
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT KORVAT_SANITIZE AND NOT WIN32)
   # Debian's hardening flags.
   target_compile_options(
     korvat_flags INTERFACE -fstack-protector-strong -Wformat -Werror=format-security

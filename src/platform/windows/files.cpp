@@ -1,0 +1,32 @@
+// Files and directories by name; names are UTF-8.
+#include "platform/files.hpp"
+
+#include "platform/windows/text.hpp"
+
+#include <cstdio>
+#include <filesystem>
+#include <stdexcept>
+
+namespace korvat::platform {
+
+bool remove_file(const std::string& name) {
+    return _wremove(wide_text(name).c_str()) == 0;
+}
+
+bool rename_file(const std::string& from, const std::string& to) {
+    return _wrename(wide_text(from).c_str(), wide_text(to).c_str()) == 0;
+}
+
+std::vector<std::string> directory_entries(const std::string& path) {
+    std::vector<std::string> names;
+    try {
+        for (const auto& entry : std::filesystem::directory_iterator(wide_text(path))) {
+            names.push_back(utf8_text(entry.path().filename().native()));
+        }
+    } catch (const std::filesystem::filesystem_error&) {
+        throw std::runtime_error("Error While Accessing :" + path);
+    }
+    return names;
+}
+
+} // namespace korvat::platform
