@@ -1,4 +1,4 @@
-// The entry of the program: its exit codes, and the units it leaves closed.
+// The entry of the program: its exit codes.
 #include "run_fixture.hpp"
 
 #include "run/entry.hpp"
@@ -99,17 +99,6 @@ TEST_F(Entry, IgnoresItsArguments) {
     directory.write_file("KORVAT.INP", deck);
     const char* const arguments[] = {"korvat", "OTHER.INP", "--version"};
     EXPECT_EQ(run_program(3, arguments), 0);
-}
-
-TEST_F(Entry, LeavesTheLogClosed) {
-    EXPECT_EQ(run_deck(deck), 0);
-    std::size_t open_on_the_log = 0;
-    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd")) {
-        std::error_code gone; // the iterator's own
-        const std::filesystem::path file = read_symlink(descriptor.path(), gone);
-        if (file.filename() == "KORVAT.MLG") ++open_on_the_log;
-    }
-    EXPECT_EQ(open_on_the_log, 0U);
 }
 
 TEST_F(Entry, RunsTwiceInOneProcess) {

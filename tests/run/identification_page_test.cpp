@@ -2,6 +2,7 @@
 #include "run/identification_page.hpp"
 
 #include "run/banner.hpp"
+#include "support/environment.hpp"
 #include "support/model_fixture.hpp"
 #include "support/text.hpp"
 
@@ -207,12 +208,12 @@ TEST(IdentificationPage, TellsUpdateAndInstallation) {
 }
 
 TEST(HostTextsOfTheSystem, TakeUserAndComputerFromTheEnvironment) {
-    ASSERT_EQ(setenv("USERNAME", "ada", 1), 0);
-    ASSERT_EQ(setenv("COMPUTERNAME", "DESK-7", 1), 0);
+    set_environment_variable("USERNAME", "ada");
+    set_environment_variable("COMPUTERNAME", "DESK-7");
     EXPECT_EQ(host_texts().user, "ada");
     EXPECT_EQ(host_texts().computer, "DESK-7");
-    ASSERT_EQ(unsetenv("USERNAME"), 0);
-    ASSERT_EQ(unsetenv("COMPUTERNAME"), 0);
+    unset_environment_variable("USERNAME");
+    unset_environment_variable("COMPUTERNAME");
     EXPECT_EQ(host_texts().user, "");
     EXPECT_EQ(host_texts().computer, "");
 }

@@ -124,8 +124,7 @@ TEST(MonthName, CountsFromZero) {
 // The fields that the clock can have had between the two moments.
 bool lie_between(const TimeFields& ITIME, std::time_t before, std::time_t after) {
     for (std::time_t moment = before; moment <= after; ++moment) {
-        std::tm due{};
-        localtime_r(&moment, &due);
+        const std::tm due = *std::localtime(&moment);
         if (ITIME(1) == due.tm_year + 1900 && ITIME(2) == due.tm_mon && ITIME(3) == due.tm_mday &&
             ITIME(4) == due.tm_hour && ITIME(5) == due.tm_min && ITIME(6) == due.tm_sec) {
             return true;

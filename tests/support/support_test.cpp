@@ -1,7 +1,6 @@
-// Tests of the test support itself: record reader, scratch directories, masks, runs of programs and cases.
+// Tests of the test support itself: record reader, scratch directories, masks, differences.
 #include "case.hpp"
 #include "masks.hpp"
-#include "program.hpp"
 #include "record_file.hpp"
 #include "scratch_directory.hpp"
 #include "text.hpp"
@@ -184,48 +183,6 @@ TEST(SupportCase, ShowsDifferences) {
     EXPECT_EQ(byte_difference("abc", "abd"),
               "first differing byte at offset 2, 3 bytes found, 3 expected");
 }
-
-#if defined(__unix__)
-std::filesystem::path script(const ScratchDirectory& directory, const std::string& commands) {
-    directory.write_file("program", "#!/bin/sh\n" + commands);
-    std::filesystem::permissions(directory.path() / "program", std::filesystem::perms::owner_all);
-    return directory.path() / "program";
-}
-
-TEST(SupportProgram, ReportsCodesAndStreams) {
-    const ScratchDirectory directory;
-    ProgramOutput output;
-    const auto run = [&](const std::string& commands) {
-        return run_program(script(directory, commands), directory.path(), output);
-    };
-    EXPECT_EQ(run("echo out; echo err >&2; touch made; exit 255\n"), 255);
-    EXPECT_EQ(output.standard_output, "out\n");
-    EXPECT_EQ(output.standard_error, "err\n");
-    EXPECT_TRUE(directory.has("made"));
-    EXPECT_EQ(run("kill -KILL $$\n"), 137);
-    EXPECT_EQ(run("exit 0\n"), 0);
-    EXPECT_THROW(run_program(directory.path() / "none", directory.path(), output),
-                 std::runtime_error);
-}
-
-TEST(SupportCase, RunsAFolder) {
-    const ScratchDirectory directory;
-    const auto program = script(directory, "cp KORVAT.INP PILEPLOT.TXT; exit 2\n");
-    const std::filesystem::path folder = directory.path() / "some-case";
-    std::filesystem::create_directories(folder / "expected");
-    write_whole_file(folder / "KORVAT.INP", "deck\n");
-    write_whole_file(folder / "expected" / "exit-code", "2\n");
-    write_whole_file(folder / "expected" / "outputs", "KORVAT.INP\nPILEPLOT.TXT\n");
-    write_whole_file(folder / "expected" / "PILEPLOT.TXT", "deck\n");
-    EXPECT_EQ(case_folders(directory.path()), (std::vector<std::filesystem::path>{folder}));
-    EXPECT_TRUE(run_case(program, folder).differences.empty());
-    write_whole_file(folder / "expected" / "exit-code", "0\n");
-    write_whole_file(folder / "expected" / "outputs", "KORVAT.INP\n");
-    write_whole_file(folder / "expected" / "PILEPLOT.TXT", "deck \n");
-    write_whole_file(folder / "expected" / "PILE.07", "K\x82");
-    EXPECT_EQ(run_case(program, folder).differences.size(), 4U);
-}
-#endif
 
 } // namespace
 } // namespace korvat::test

@@ -1,0 +1,26 @@
+// The entry of the program: the units it leaves closed (POSIX).
+#include "run_fixture.hpp"
+
+#include "run/entry.hpp"
+
+#include <filesystem>
+
+namespace korvat::test {
+namespace {
+
+class EntryOnPosix : public RunTest {};
+
+TEST_F(EntryOnPosix, LeavesTheLogClosed) {
+    directory.write_file("KORVAT.INP", small_deck);
+    EXPECT_EQ(run_program(0, nullptr), 0);
+    std::size_t open_on_the_log = 0;
+    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the iterator's own
+        const std::filesystem::path file = read_symlink(descriptor.path(), gone);
+        if (file.filename() == "KORVAT.MLG") ++open_on_the_log;
+    }
+    EXPECT_EQ(open_on_the_log, 0U);
+}
+
+} // namespace
+} // namespace korvat::test
