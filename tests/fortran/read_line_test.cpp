@@ -119,7 +119,7 @@ TEST_F(ReadLine, KeepsBytesBeyondAscii) {
     EXPECT_EQ(next<6>(unit), "\xC3\xA5\xFF\x01  ");
 }
 
-TEST_F(ReadLine, FailsOnADirectory) {
+TEST_F(ReadLine, FailsOnADirectoryOnPosix) {
     std::filesystem::create_directory("folder");
     ASSERT_EQ(runtime().open(unit, "folder", OpenStatus::old_file), 0);
     EXPECT_EQ(next(unit), "(error)");
@@ -131,7 +131,10 @@ TEST_F(ReadLine, LeavesTheFieldAloneWithoutALine) {
     Text<6> line("before");
     EXPECT_EQ(runtime().read_line(unit, line), ReadStatus::end);
     EXPECT_EQ(line.view(), "before");
+}
 
+TEST_F(ReadLine, LeavesTheFieldAloneInADirectoryOnPosix) {
+    Text<6> line("before");
     std::filesystem::create_directory("folder");
     ASSERT_EQ(runtime().open(12, "folder", OpenStatus::old_file), 0);
     EXPECT_EQ(runtime().read_line(12, line), ReadStatus::error);
@@ -168,7 +171,7 @@ TEST_F(ReadLine, SkippingInAnEmptyFileRaises) {
     EXPECT_THROW(runtime().skip_line(unit), std::exception);
 }
 
-TEST_F(ReadLine, SkippingInADirectoryRaises) {
+TEST_F(ReadLine, SkippingInADirectoryRaisesOnPosix) {
     std::filesystem::create_directory("folder");
     ASSERT_EQ(runtime().open(unit, "folder", OpenStatus::old_file), 0);
     EXPECT_THROW(runtime().skip_line(unit), std::exception);

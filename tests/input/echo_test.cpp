@@ -64,7 +64,7 @@ TEST_F(Echo, NamesTheProgramAndWritesToItsUnit) {
     EXPECT_EQ(listing(), "");
 }
 
-TEST_F(Echo, ReadErrorIsReportedOnUnit0AndEndsTheEcho) {
+TEST_F(Echo, ReadErrorIsReportedOnUnit0AndEndsTheEchoOnPosix) {
     give_directory(11, "folder");
     testing::internal::CaptureStderr();
     const std::string text = echoed();

@@ -90,7 +90,7 @@ TEST_F(InputCopy, StaleScratchFileIsNotReadAsTheCopy) {
     EXPECT_EQ(copy_of("END\n"), Lines{});
 }
 
-TEST_F(InputCopy, ReadErrorIsTold) {
+TEST_F(InputCopy, ReadErrorIsToldOnPosix) {
     give_directory(11, "folder");
     EXPECT_EQ(copy_without_comments(cmn(), 11, 12), ReadStatus::error);
     EXPECT_EQ(copied_lines(), Lines{});

@@ -238,7 +238,7 @@ TEST_F(Read, EndOfFileOnAContinuationLineShowsTheLinesBefore) {
               "\n **** SR/READ : END-OF-FILE AT LOCATION =   215\n" + context(" ", {"1", "2"}));
 }
 
-TEST_F(Read, ReadErrorIsAFormatError) {
+TEST_F(Read, ReadErrorIsAFormatErrorOnPosix) {
     give_directory(12, "folder");
     LINE.assign("above");
     read_record(1);

@@ -39,7 +39,7 @@ TEST_F(DeckReaderTest, EndOfFileInATextLineIsCounted) {
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), "last"); // unchanged
 }
 
-TEST_F(DeckReaderTest, UnreadableLine) {
+TEST_F(DeckReaderTest, UnreadableLineOnPosix) {
     give_directory(12, "unreadable");
     in.LOC = 300;
     EXPECT_EQ(in.read_text_line<80>(), cause::format_error);

@@ -169,7 +169,7 @@ TEST_F(Readpi, InputWithoutEndEndsAtLocation0) {
                      " An end-of-file was encountered at the bottom line :\n \n");
 }
 
-TEST_F(Readpi, InputThatCannotBeReadIsAFormatError) {
+TEST_F(Readpi, InputThatCannotBeReadIsAFormatErrorOnPosix) {
     give_directory(11, "KORVAT.INP");
     readpi(cmn());
     EXPECT_EQ(cmn().IERR, 1);

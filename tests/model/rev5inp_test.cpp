@@ -119,7 +119,7 @@ TEST_F(Rev5inp, EndOfFileComesAfterABadValueOnly) {
     EXPECT_EQ(cmn().NLINE, lines_in_front + 3);
 }
 
-TEST_F(Rev5inp, UnreadableCopyIsAFormatError) {
+TEST_F(Rev5inp, UnreadableCopyIsAFormatErrorOnPosix) {
     give_directory(12, "unreadable");
     rev5inp(cmn());
     EXPECT_EQ(log(), bad_data("  100"));

@@ -107,7 +107,7 @@ TEST_F(SharedReader, EndOfFileOnAHeading) {
     EXPECT_EQ(log(), "\n **** SR/READPI : END-OF-FILE AT LOCATION =   300\n");
 }
 
-TEST_F(SharedReader, ReadErrorOnAHeading) {
+TEST_F(SharedReader, ReadErrorOnAHeadingOnPosix) {
     give_directory(12, "folder");
     in.LOC = 300;
     EXPECT_EQ(in.skip_heading(), cause::format_error);

@@ -228,7 +228,7 @@ TEST_F(LoadsTest, EndOfFileInANumericRecord) {
     ASSERT_EQ(records_.size(), 1U);
 }
 
-TEST_F(LoadsTest, UnreadableCopy) {
+TEST_F(LoadsTest, UnreadableCopyOnPosix) {
     give_directory(12, "unreadable");
     const std::string text = read_on();
     const std::string message = "\n **** SR/LOADS : FORMAT ERROR WHEN READING INPUT  LOC= 1100\n";

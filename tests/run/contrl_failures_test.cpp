@@ -128,6 +128,7 @@ void leave_scratch_files(Store& cmn) {
     cmn.runtime.rewind(cmn.NF12);
     cmn.runtime.write(cmn.NF12, "(' copy')");
     cmn.runtime.write(99, "(' other')");
+    cmn.runtime.close(99); // an open file cannot be removed everywhere
     cmn.IERR = 1;
 }
 

@@ -97,7 +97,8 @@ protected:
         open(unit, name, fortran::OpenStatus::old_file);
     }
 
-    // A unit on a directory: it opens, and every read from it fails.
+    // A unit on a directory: it opens, and every read from it fails. Windows does not open one as a
+    // file: a test that needs it has a name that ends in OnPosix, and is not run there.
     void give_directory(int unit, const std::string& name) {
         std::filesystem::create_directory(directory.path() / name);
         open(unit, name, fortran::OpenStatus::old_file);
