@@ -12,10 +12,9 @@ struct ProductNames {
 // Null where the version has no product of its own.
 const ProductNames* products_of(const SystemVersion& version) {
     static constexpr ProductNames version_10 = {"Windows 10", "Windows Server 2016"};
-    static constexpr ProductNames version_6[] = {
-        {"Windows 7", "Windows Server 2008 R2"},    // 6.1
-        {"Windows 8", "Windows Server 2012"},       // 6.2
-        {"Windows 8.1", "Windows Server 2012 R2"}}; // 6.3
+    static constexpr ProductNames version_6[] = {{"Windows 7", "Windows Server 2008 R2"},    // 6.1
+                                                 {"Windows 8", "Windows Server 2012"},       // 6.2
+                                                 {"Windows 8.1", "Windows Server 2012 R2"}}; // 6.3
     if (version.major == 10) return &version_10;
     if (version.major != 6 || version.minor < 1 || version.minor > 3) return nullptr;
     return &version_6[version.minor - 1];

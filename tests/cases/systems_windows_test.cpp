@@ -38,8 +38,8 @@ std::vector<Record> records_of(const std::string& bytes) {
 }
 
 // Revision 5 has one record of four tables, axial force and moment at first yield and at full
-// plasticity, of 10 points for each of 200 sections. Generated moments come from sines and powers, of which
-// each system has its own, and may differ by as much.
+// plasticity, of 10 points for each of 200 sections. Generated moments take functions of the system's
+// own mathematics library, which may differ in the last bit.
 constexpr std::size_t table_values = 200 * 10;
 constexpr std::size_t curves_size = 4 * table_values * sizeof(double);
 constexpr std::int64_t allowed_steps = 4;

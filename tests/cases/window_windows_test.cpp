@@ -1,10 +1,15 @@
 // The program on a desktop: its window while it runs, its exit codes as the system has them (Windows).
+#include <winsock2.h>
+
 #include "../support/case.hpp"
 #include "../support/process_windows.hpp"
 #include "../support/scratch_directory.hpp"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iphlpapi.h>
 #include <string>
+#include <vector>
 
 namespace korvat::test {
 namespace {
@@ -95,6 +100,70 @@ TEST_F(OnTheDesktop, ExitCodesAreThoseOfTheRun) {
                       streams.path() / "error")
                   .exit_code(),
               1U);
+}
+
+// The value of a line of the identification page; line ends and blanks around it are dropped.
+std::string page_value(const std::string& log, const std::string& label) {
+    const std::size_t start = log.find("    " + label);
+    if (start == std::string::npos) return "(no " + label + ")";
+    const std::size_t end = log.find('\n', start);
+    const std::string value = log.substr(start + 4 + label.size(), end - start - 4 - label.size());
+    return value.substr(0, value.find_last_not_of(' ') + 1);
+}
+
+std::string narrow(const std::wstring& text) {
+    return {text.begin(), text.end()};
+}
+
+// What the system says when it is asked by other calls than the program's.
+TEST_F(OnTheDesktop, TheIdentificationPageTellsOfTheSystem) {
+    ASSERT_TRUE(SetEnvironmentVariableW(L"USERNAME", L"A user with a name beyond 20"));
+    copy_deck(std::filesystem::path(KORVAT_EXAMPLES_DIR) / "jacket");
+    EXPECT_EQ(Process(KORVAT_PROGRAM, directory.path(), streams.path() / "output",
+                      streams.path() / "error")
+                  .exit_code(),
+              0U);
+    const std::string log = directory.read_file("KORVAT.MLG");
+    EXPECT_EQ(page_value(log, "Program id   : "), "Korvat 7.6.0.81");
+    EXPECT_EQ(page_value(log, "User id      : "), "A user with a name b");
+
+    wchar_t computer[MAX_COMPUTERNAME_LENGTH + 1] = {};
+    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+    ASSERT_TRUE(GetComputerNameW(computer, &size));
+    std::string machine = narrow(computer);
+    machine.resize(25, ' ');
+    const DWORD processors = GetActiveProcessorCount(ALL_PROCESSOR_GROUPS);
+    EXPECT_EQ(page_value(log, "Computer         : "),
+              machine + " 8664, " + std::to_string(processors) + " cores");
+
+    OSVERSIONINFOEXW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    ASSERT_TRUE(GetVersionExW(reinterpret_cast<OSVERSIONINFOW*>(&version)));
+    const std::string system = page_value(log, "Operating system : ");
+    EXPECT_EQ(system.substr(0, 7), "Windows");
+    if (version.dwMajorVersion == 6 && version.dwMinorVersion == 1) {
+        EXPECT_EQ(system, version.wProductType == VER_NT_WORKSTATION ? "Windows 7"
+                                                                     : "Windows Server 2008 R2");
+    }
+
+    ULONG bytes = 0;
+    GetAdaptersInfo(nullptr, &bytes);
+    std::vector<IP_ADAPTER_INFO> adapters(bytes / sizeof(IP_ADAPTER_INFO) + 1);
+    std::vector<std::string> numbers;
+    if (GetAdaptersInfo(adapters.data(), &bytes) == NO_ERROR) {
+        for (const IP_ADAPTER_INFO* one = adapters.data(); one != nullptr; one = one->Next) {
+            const BYTE* const a = one->Address;
+            const unsigned number =
+                ((a[3] * 0x1000000U) + (a[2] * 0x10000U) + (a[5] * 0x100U) + a[4]) & 0x7FFFFFFFU;
+            std::string digits = std::to_string(number);
+            digits.insert(0, 10 - digits.size(), '0');
+            numbers.push_back(digits);                 // the last adapter's number is positive,
+            numbers.push_back("-" + digits.substr(1)); // another's is negative, in nine digits
+        }
+    }
+    if (numbers.empty()) numbers.push_back("0000000000");
+    const std::string found = page_value(log, "CPU id           : ");
+    EXPECT_NE(std::find(numbers.begin(), numbers.end(), found), numbers.end()) << found;
 }
 
 TEST_F(OnTheDesktop, RunsInAFolderWithBlanksAndOtherLetters) {

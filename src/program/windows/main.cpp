@@ -2,11 +2,13 @@
 #include "platform/windows/text.hpp"
 #include "run/entry.hpp"
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 #include <windows.h>
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    _set_error_mode(_OUT_TO_STDERR); // a failed assertion ends the run and asks nobody
     const std::vector<const wchar_t*> wide_arguments(__wargv, __wargv + __argc);
     std::vector<std::string> texts;
     std::vector<const char*> arguments;
