@@ -17,7 +17,9 @@ target_compile_options(
             -Werror
             # Formulas keep the order and the rounding in which they are written.
             -ffp-contract=off
-            -fno-fast-math)
+            -fno-fast-math
+            # An assertion names its file as it stands in the project, wherever that is built.
+            -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT KORVAT_SANITIZE AND NOT WIN32)
   # Debian's hardening flags.
