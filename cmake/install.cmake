@@ -1,0 +1,55 @@
+# What is installed, and where: on Windows all of it below one folder, elsewhere in the places of the system.
+set(documents ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples)
+set(only_documents PATTERN "expected" EXCLUDE PATTERN "*.1" EXCLUDE)
+set(licences ${PROJECT_SOURCE_DIR}/packaging/licences)
+
+if(WIN32)
+  install(TARGETS korvat RUNTIME DESTINATION .)
+  install(DIRECTORY ${documents} DESTINATION . ${only_documents})
+  install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION docs)
+
+  # What is linked statically comes with its licence, as the package that brought it states it.
+  install(DIRECTORY ${licences} DESTINATION .)
+  install(FILES /usr/share/common-licenses/GPL-3 DESTINATION licences RENAME GPL-3.txt)
+  install(
+    FILES /usr/share/doc/mingw-w64-x86-64-dev/copyright
+    DESTINATION licences
+    RENAME mingw-w64.txt)
+  return()
+endif()
+
+install(TARGETS korvat RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR} ${only_documents})
+
+# Debian wants both compressed, and the same bytes from every build.
+find_program(GZIP gzip REQUIRED)
+set(manual ${PROJECT_BINARY_DIR}/korvat.1.gz)
+set(changelog ${PROJECT_BINARY_DIR}/changelog.gz)
+function(compress source result)
+  add_custom_command(
+    OUTPUT ${result}
+    COMMAND ${GZIP} -9n < ${source} > ${result}
+    DEPENDS ${source}
+    VERBATIM)
+endfunction()
+compress(${PROJECT_SOURCE_DIR}/docs/korvat.1 ${manual})
+compress(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${changelog})
+add_custom_target(compressed_documents ALL DEPENDS ${manual} ${changelog})
+install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${changelog} DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# The texts of others' licences, in the form of a continued field: indented, a dot for an empty line.
+function(read_as_field file result)
+  file(READ ${file} text)
+  string(STRIP "${text}" text)
+  string(REGEX REPLACE "\n\n" "\n.\n" text "${text}")
+  string(REGEX REPLACE "\n" "\n " text " ${text}")
+  set(${result} "${text}" PARENT_SCOPE)
+endfunction()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${licences}/fem-runtime.txt
+                                       ${licences}/gcc-runtime-library-exception.txt)
+read_as_field(${licences}/fem-runtime.txt fem_runtime_licence)
+read_as_field(${licences}/gcc-runtime-library-exception.txt gcc_runtime_exception)
+configure_file(${PROJECT_SOURCE_DIR}/packaging/debian/copyright.in ${PROJECT_BINARY_DIR}/copyright
+               @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
