@@ -1,0 +1,75 @@
+#!/usr/bin/env python3
+"""Makes the zip of a Windows build, looks into it, unpacks it into a folder with an awkward name, and runs its
+program there under Wine.
+
+Usage: windows_package_test.py BUILD_DIR VERSION
+"""
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import unittest
+import zipfile
+
+from package_contents import SOURCE, check_run_of_example, shared_documents
+
+BUILD = pathlib.Path(sys.argv[1])
+VERSION = sys.argv[2]
+SCRATCH = BUILD / "package-test"
+PACKAGE = SCRATCH / f"korvat-{VERSION}-windows-x86_64.zip"
+# Blanks, letters of Western and of Eastern Europe, and letters that are in no 8-bit code page with these.
+FOLDER = SCRATCH / "Pfähle der Südmole (Größe 2) Žatec 桩"
+LICENCES = ("README.txt", "GPL-3.txt", "fem-runtime.txt", "gcc-runtime-library-exception.txt", "mingw-w64.txt")
+SYSTEM_LIBRARIES = {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "netapi32.dll", "shell32.dll",
+                    "user32.dll"}
+
+
+def setUpModule():
+    shutil.rmtree(SCRATCH, ignore_errors=True)
+    SCRATCH.mkdir()
+    subprocess.run(["cpack", "-G", "ZIP", "--config", BUILD / "CPackConfig.cmake", "-B", SCRATCH],
+                   check=True, stdout=subprocess.DEVNULL)
+    with zipfile.ZipFile(PACKAGE) as package:
+        package.extractall(FOLDER)
+
+
+class Package(unittest.TestCase):
+    def test_holds_program_licences_documents_and_examples_and_nothing_else(self):
+        expected = {"korvat.exe", "docs/CHANGELOG.md"} | {f"licences/{name}" for name in LICENCES}
+        expected |= shared_documents()
+        with zipfile.ZipFile(PACKAGE) as package:
+            self.assertEqual({name for name in package.namelist() if not name.endswith("/")}, expected)
+
+    def test_licences_are_those_of_what_is_linked(self):
+        texts = {name: (FOLDER / "licences" / name).read_text() for name in LICENCES}
+        for name in LICENCES[1:]:
+            self.assertIn(name, texts["README.txt"])
+        self.assertIn("The Regents of the University of California", texts["fem-runtime.txt"])
+        self.assertIn("Version 3.1, 31 March 2009", texts["gcc-runtime-library-exception.txt"])
+        self.assertRegex(texts["GPL-3.txt"], r"\A\s+GNU GENERAL PUBLIC LICENSE\n\s+Version 3, 29 June 2007\n")
+        self.assertIn("\nUpstream-Name: mingw-w64\n", texts["mingw-w64.txt"])
+
+    def test_program_needs_only_libraries_of_the_system(self):
+        headers = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", FOLDER / "korvat.exe"], check=True,
+                                 capture_output=True, text=True).stdout
+        self.assertIn("file format pei-x86-64", headers)
+        needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", headers)}
+        self.assertLessEqual({"kernel32.dll", "user32.dll"}, needed)
+        self.assertLessEqual(needed, SYSTEM_LIBRARIES)
+
+    def test_program_holds_no_path_of_its_build(self):
+        self.assertFalse(f"{SOURCE}/".encode() in (FOLDER / "korvat.exe").read_bytes())
+
+
+class Run(unittest.TestCase):
+    def test_program_runs_each_kind_of_example(self):
+        for example in ("jacket", "insert-piles", "barge-impact"):
+            with self.subTest(example):
+                log = check_run_of_example(self, ["wine", FOLDER / "korvat.exe"], example,
+                                           FOLDER / "examples" / example)
+                self.assertIn(f" +++++ START PROGRAM KORVAT   VERSION =  {VERSION} ", log)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
