@@ -3,6 +3,9 @@ set(documents ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples)
 set(only_documents PATTERN "expected" EXCLUDE PATTERN "*.1" EXCLUDE)
 set(licences ${PROJECT_SOURCE_DIR}/packaging/licences)
 
+# What must be built before a package is made.
+add_custom_target(packaged DEPENDS korvat)
+
 if(WIN32)
   install(TARGETS korvat RUNTIME DESTINATION .)
   install(DIRECTORY ${documents} DESTINATION . ${only_documents})
@@ -35,6 +38,7 @@ endfunction()
 compress(${PROJECT_SOURCE_DIR}/docs/korvat.1 ${manual})
 compress(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${changelog})
 add_custom_target(compressed_documents ALL DEPENDS ${manual} ${changelog})
+add_dependencies(packaged compressed_documents)
 install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${changelog} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

@@ -13,7 +13,7 @@ import subprocess
 import sys
 import unittest
 
-from package_contents import SOURCE, check_run_of_example, shared_documents
+from package_contents import SOURCE, check_links, check_run_of_example, shared_documents
 
 BUILD = pathlib.Path(sys.argv[1])
 VERSION = sys.argv[2]
@@ -105,6 +105,9 @@ class Unpacked(unittest.TestCase):
         # In this form an empty line ends a paragraph, and every paragraph begins with a field.
         for paragraph in text.strip().split("\n\n"):
             self.assertRegex(paragraph, r"\A(Format|Files|License): ")
+
+    def test_documents_and_examples_link_to_what_is_there(self):
+        check_links(self, self.root / DOCUMENTS)
 
     def test_change_log_is_that_of_the_sources(self):
         with gzip.open(self.root / DOCUMENTS / "changelog.gz") as changes:

@@ -1,5 +1,6 @@
 """What every package holds besides the program, and a run of the program from a package."""
 import pathlib
+import re
 import subprocess
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
@@ -17,6 +18,16 @@ def shared_documents():
             if path.is_file() and path.suffix != ".1" and "expected" not in relative.parts:
                 found.add(relative.as_posix())
     return found
+
+
+def check_links(test, folder):
+    """Every link from one document or example to another leads to a file of the package."""
+    links = 0
+    for document in folder.rglob("*.md"):
+        for target in re.findall(r"\]\(([^)#:]+)(?:#[^)]*)?\)", document.read_text()):
+            links += 1
+            test.assertTrue((document.parent / target).is_file(), f"{document}: {target}")
+    test.assertGreater(links, 10)
 
 
 def check_run_of_example(test, command, example, run_directory):

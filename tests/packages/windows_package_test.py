@@ -12,7 +12,7 @@ import sys
 import unittest
 import zipfile
 
-from package_contents import SOURCE, check_run_of_example, shared_documents
+from package_contents import SOURCE, check_links, check_run_of_example, shared_documents
 
 BUILD = pathlib.Path(sys.argv[1])
 VERSION = sys.argv[2]
@@ -49,6 +49,9 @@ class Package(unittest.TestCase):
         self.assertIn("Version 3.1, 31 March 2009", texts["gcc-runtime-library-exception.txt"])
         self.assertRegex(texts["GPL-3.txt"], r"\A\s+GNU GENERAL PUBLIC LICENSE\n\s+Version 3, 29 June 2007\n")
         self.assertIn("\nUpstream-Name: mingw-w64\n", texts["mingw-w64.txt"])
+
+    def test_documents_and_examples_link_to_what_is_there(self):
+        check_links(self, FOLDER)
 
     def test_program_needs_only_libraries_of_the_system(self):
         headers = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", FOLDER / "korvat.exe"], check=True,
