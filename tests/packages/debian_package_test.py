@@ -30,7 +30,9 @@ def output_of(*command):
 def setUpModule():
     shutil.rmtree(SCRATCH, ignore_errors=True)
     SCRATCH.mkdir()
+    before = os.umask(0o077)  # must not show in the package
     output_of("cpack", "-G", "DEB", "--config", BUILD / "CPackConfig.cmake", "-B", SCRATCH)
+    os.umask(before)
 
 
 def package_file():
