@@ -18,4 +18,5 @@ install_missing() {
 
 build_packages=(g++ cmake ninja-build libcctbx-dev)
 test_packages=("${build_packages[@]}" libgtest-dev clang-format clang-tidy python3 dpkg-dev groff-base)
-windows_packages=("${build_packages[@]}" googletest g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)
+windows_packages=("${build_packages[@]}" python3 googletest
+    g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)
