@@ -17,7 +17,9 @@ namespace korvat::test {
 namespace {
 
 const std::filesystem::path deck_name = "KORVAT.INP";
-constexpr std::array<std::string_view, 2> control_files = {"exit-code", "outputs"};
+constexpr std::string_view standard_error_name = "standard-error";
+constexpr std::array<std::string_view, 3> control_files = {"exit-code", "outputs",
+                                                           standard_error_name};
 
 // Blanks at the end of a line as middle dots, bytes that do not print as their numbers.
 std::string visible(std::string_view line) {
@@ -76,6 +78,15 @@ void compare_file(const std::filesystem::path& expected, CaseResult& result) {
     const std::string difference =
         is_text(name) ? text_difference(content, due) : byte_difference(content, due);
     if (!difference.empty()) result.differences.push_back(name + ", " + difference);
+}
+
+// Standard error is text: on Windows its lines end with CR LF. Compared where the case tells it.
+void compare_standard_error(const std::filesystem::path& expected, CaseResult& result) {
+    if (!std::filesystem::exists(expected)) return;
+    std::string found = result.standard_error;
+    std::erase(found, '\r');
+    const std::string difference = text_difference(found, read_whole_file(expected));
+    if (!difference.empty()) result.differences.push_back("standard error, " + difference);
 }
 
 std::vector<std::filesystem::path> sorted_entries(const std::filesystem::path& directory) {
@@ -141,6 +152,7 @@ CaseResult run_case(const std::filesystem::path& program, const std::filesystem:
         result.differences.push_back("files left: " + joined(result.outputs) +
                                      "\n  expected:   " + joined(outputs));
     }
+    compare_standard_error(case_dir / "expected" / standard_error_name, result);
     for (const std::filesystem::path& expected : sorted_entries(case_dir / "expected")) {
         const std::string name = expected.filename().string();
         const bool control =
