@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <iphlpapi.h>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -65,18 +66,24 @@ protected:
     ScratchDirectory streams;
 };
 
-// The largest deck runs long enough for the window to be seen.
+// The largest deck runs long enough for the window to be seen; on a busy machine a run may end
+// unseen all the same, and another is started.
 TEST_F(OnTheDesktop, ARunShowsAMinimisedDisabledWindow) {
     copy_deck(std::filesystem::path(KORVAT_EXAMPLES_DIR) / "limits");
-    const Process process(KORVAT_PROGRAM, directory.path(), streams.path() / "output",
-                          streams.path() / "error");
+    constexpr int most_runs = 20;
+    std::optional<Process> started;
     HWND window = nullptr;
-    while (window == nullptr && process.is_running()) {
-        window = window_of(process.number());
+    for (int i = 0; i < most_runs && window == nullptr; ++i) {
+        started.emplace(KORVAT_PROGRAM, directory.path(), streams.path() / "output",
+                        streams.path() / "error");
+        while (window == nullptr && started->is_running()) {
+            window = window_of(started->number());
+        }
+        started->hold();
+        if (!started->is_running()) window = nullptr;
     }
-    process.hold();
-    ASSERT_NE(window, nullptr) << "no window before the end of the run";
-    ASSERT_TRUE(process.is_running());
+    ASSERT_NE(window, nullptr) << "no window before the end of any run";
+    const Process& process = *started;
     EXPECT_EQ(text_of(window), L"Tolvan");
     EXPECT_EQ(class_of(window), L"WindowClass");
     EXPECT_FALSE(IsWindowEnabled(window));
