@@ -3,6 +3,7 @@
 
 #include "model/integer.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
 
@@ -26,48 +27,41 @@ constexpr RecordItem material[] = {{"N", "material number", "-"},
                                    {"UWWALL", "unit weight of the pile wall", "F/L3"},
                                    {"EPSTMP", "temperature strain", "-"}};
 
-constexpr RecordItem cross_section[] = {{"N", "cross-section number", "-"},
-                                        {"MATCRS", "material number", "-"},
-                                        {"DIAM", "outer diameter", "L"},
-                                        {"WALL", "wall thickness", "L"},
-                                        {"STFAX", "axial stiffness", "F"},
-                                        {"STFBN", "bending stiffness", "F L2"},
-                                        {"STFSH", "shear stiffness", "F"},
-                                        {"STFTO", "torsional stiffness", "F L2"},
-                                        {"UWFLD", "unit weight of the fluid inside", "F/L3"}};
+// What a record of a cross section gives of its tube, in either revision.
+constexpr RecordItem tube[] = {
+    {"MATCRS", "material number", "-"},       {"DIAM", "outer diameter", "L"},
+    {"WALL", "wall thickness", "L"},          {"STFAX", "axial stiffness", "F"},
+    {"STFBN", "bending stiffness", "F L2"},   {"STFSH", "shear stiffness", "F"},
+    {"STFTO", "torsional stiffness", "F L2"}, {"UWFLD", "unit weight of the fluid inside", "F/L3"}};
 
-constexpr RecordItem cross_section_5[] = {{"N", "cross-section number", "-"},
-                                          {"ITYCRS", "1 plain, above 1 the sub-sections", "-"},
-                                          {"NLCRS", "non-linear code", "-"},
-                                          {"MATCRS", "material number", "-"},
-                                          {"DIAM", "outer diameter", "L"},
-                                          {"WALL", "wall thickness", "L"},
-                                          {"STFAX", "axial stiffness", "F"},
-                                          {"STFBN", "bending stiffness", "F L2"},
-                                          {"STFSH", "shear stiffness", "F"},
-                                          {"STFTO", "torsional stiffness", "F L2"},
-                                          {"UWFLD", "unit weight of the fluid inside", "F/L3"},
-                                          {"ECC", "eccentricity", "as given"},
-                                          {"CMISC(1)", "miscellaneous value 1", "as given"},
-                                          {"CMISC(2)", "miscellaneous value 2", "as given"},
-                                          {"CMISC(3)", "miscellaneous value 3", "as given"}};
+constexpr RecordItem passed_through[] = {{"ECC", "eccentricity", "as given"},
+                                         {"CMISC(1)", "miscellaneous value 1", "as given"},
+                                         {"CMISC(2)", "miscellaneous value 2", "as given"},
+                                         {"CMISC(3)", "miscellaneous value 3", "as given"}};
 
-constexpr RecordItem sub_section[] = {{"N", "cross-section number", "-"},
-                                      {"J", "sub-section number, outermost first", "-"},
-                                      {"ITYCRS", "1", "-"},
-                                      {"NLCRS", "0", "-"},
-                                      {"MATCRS", "material number", "-"},
-                                      {"DIAM", "outer diameter", "L"},
-                                      {"WALL", "wall thickness", "L"},
-                                      {"STFAX", "axial stiffness", "F"},
-                                      {"STFBN", "bending stiffness", "F L2"},
-                                      {"STFSH", "shear stiffness", "F"},
-                                      {"STFTO", "torsional stiffness", "F L2"},
-                                      {"UWFLD", "unit weight of the fluid inside", "F/L3"},
-                                      {"ECC", "eccentricity", "as given"},
-                                      {"CMISC(1)", "miscellaneous value 1", "as given"},
-                                      {"CMISC(2)", "miscellaneous value 2", "as given"},
-                                      {"CMISC(3)", "miscellaneous value 3", "as given"}};
+constexpr RecordItem cross_section_head[] = {{"N", "cross-section number", "-"}};
+
+constexpr RecordItem cross_section_5_head[] = {{"N", "cross-section number", "-"},
+                                               {"ITYCRS", "1 plain, above 1 the sub-sections", "-"},
+                                               {"NLCRS", "non-linear code", "-"}};
+
+constexpr RecordItem sub_section_head[] = {{"N", "cross-section number", "-"},
+                                           {"J", "sub-section number, outermost first", "-"},
+                                           {"ITYCRS", "1", "-"},
+                                           {"NLCRS", "0", "-"}};
+
+// The items of several lists, one behind the other.
+template <std::size_t... Sizes>
+constexpr auto joined(const RecordItem (&... lists)[Sizes]) {
+    std::array<RecordItem, (Sizes + ...)> items;
+    auto next = items.begin();
+    ((next = std::copy(std::begin(lists), std::end(lists), next)), ...);
+    return items;
+}
+
+constexpr auto cross_section = joined(cross_section_head, tube);
+constexpr auto cross_section_5 = joined(cross_section_5_head, tube, passed_through);
+constexpr auto sub_section = joined(sub_section_head, tube, passed_through);
 
 constexpr RecordItem curve_point[] = {{"N", "cross-section number", "-"},
                                       {"I", "point number", "-"},

@@ -4,7 +4,6 @@
 #include "platform/files.hpp"
 
 #include <exception>
-#include <filesystem>
 #include <iostream>
 
 namespace korvat {
@@ -13,7 +12,10 @@ void remove_scratch_files(const std::string& directory) {
     try {
         for (const std::string& name : platform::directory_entries(directory)) {
             if (!name.starts_with("fem_io")) continue;
-            platform::remove_file((std::filesystem::path(directory) / name).string());
+            std::string file = directory;
+            file += '/';
+            file += name;
+            platform::remove_file(file);
         }
     } catch (const std::exception& error) {
         std::cerr << "Exception ::" << error.what() << std::endl;
