@@ -13,13 +13,15 @@ constexpr double small = 1.0e-6F;
 constexpr double highest_ratio = 120.0F; // D/t
 constexpr double beyond_ratio = 9.999F;  // utilisation above it
 
+// Pi in single precision.
 double circle_constant() {
     return 4.0F * std::atan(1.0F);
-} // in single precision
+}
 
 double cubed(double x) {
     return (x * x) * x;
 }
+
 double to_the_fourth(double x) {
     return (x * x) * (x * x);
 }

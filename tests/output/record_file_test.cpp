@@ -1,6 +1,6 @@
 // Tests of the segmented record files: framing, items, header and end.
+#include "support/model_fixture.hpp"
 #include "support/record_file.hpp"
-#include "support/scratch_directory.hpp"
 
 #include "output/record_file.hpp"
 
@@ -175,12 +175,17 @@ TEST(RecordFileWriter, ItemsThatAreNotWrittenAreDropped) {
 }
 
 TEST(RecordFileWriter, FileWithoutAStreamDiscardsItsRecords) {
-    RecordFile file;
-    RecordBuilder record(file);
-    record.add(1).add(2.0).add(std::string_view("x")).write();
-    record.add(3).write();
-    const RecordFile moved = std::move(file);
-    RecordBuilder(moved).add(1).write();
+    const ScratchDirectory directory;
+    const CurrentDirectory current(directory.path());
+    EXPECT_NO_THROW({
+        RecordFile file;
+        RecordBuilder record(file);
+        record.add(1).add(2.0).add(std::string_view("x")).write();
+        record.add(3).write();
+        const RecordFile moved = std::move(file);
+        RecordBuilder(moved).add(1).write();
+    });
+    EXPECT_TRUE(directory.list().empty());
 }
 
 TEST(RecordFileWriter, MovedFileEndsOnce) {
