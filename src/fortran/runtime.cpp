@@ -3,14 +3,20 @@
 
 #include "fortran/edit_descriptors.hpp"
 #include "fortran/fem_runtime.hpp"
+#include "fortran/line_reader.hpp"
 #include "fortran/write_items.hpp"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <set>
+#include <stdexcept>
 #include <string>
 
 namespace korvat::fortran {
 namespace {
 
+constexpr int standard_error_unit = 0;
 constexpr int message_log_unit = 6;
 
 std::string scratch_name(int unit) {
@@ -19,14 +25,49 @@ std::string scratch_name(int unit) {
     return "fem_io_unit_" + digits;
 }
 
+bool is_standard_stream(const std::FILE* file) {
+    return file == stdin || file == stdout || file == stderr;
+}
+
+// Why a scratch file cannot be made; the runtime's own attempts have left the reason of the last.
+int reason_against_creating(const std::string& name) {
+    errno = 0;
+    std::FILE* const file = std::fopen(name.c_str(), "ab+");
+    if (file == nullptr) return errno;
+    std::fclose(file);
+    return 0;
+}
+
 } // namespace
 
 struct Runtime::State {
     State(int argc, const char* const* argv)
         : common(argc, const_cast<const char**>(argv)) {} // the runtime only reads them
 
+    void note_fault(const std::string& file, int error) {
+        const auto is_file = [&](const WriteFault& fault) { return fault.file == file; };
+        if (std::ranges::any_of(write_faults, is_file)) return;
+        write_faults.push_back({file, error != 0 ? error : EIO});
+    }
+
+    void note_fault(const fem::io_unit& unit, int error) {
+        if (unit.number == standard_error_unit) return;
+        faulty_units.insert(unit.number);
+        note_fault(unit.file_name.empty() ? "standard output" : unit.file_name, error);
+    }
+
+    // The error mark of a stream stays, so that a fault shows here at the latest.
+    void check_stream(const fem::io_unit& unit) {
+        if (unit.stream.ptr != nullptr && std::ferror(unit.stream.ptr) != 0) {
+            note_fault(unit, errno);
+        }
+    }
+
     fem::common common;
     EditDescriptors descriptors;
+    std::set<int> written_units;
+    std::set<int> faulty_units;
+    std::vector<WriteFault> write_faults;
 };
 
 Runtime::Runtime(int argc, const char* const* argv) : state_(std::make_unique<State>(argc, argv)) {}
@@ -41,12 +82,16 @@ Runtime::~Runtime() {
 
 int Runtime::open(int unit, std::string_view file, OpenStatus status) {
     fem::io& io = state_->common.io;
+    close(unit);
+    // Opened by hand: the runtime's chain of options opens the file in a destructor that must not
+    // raise, and raises where memory is short.
+    fem::io_unit& opened =
+        io.units.insert(std::make_pair(unit, fem::io_unit(unit, std::string(file)))).first->second;
+    opened.status = status == OpenStatus::old_file ? fem::io_unit::st_old : fem::io_unit::st_new;
+    opened.form = fem::io_unit::fm_formatted;
+    opened.access = fem::io_unit::ac_sequential;
     int iostat = 0; // the runtime stores a failure only
-    io.open(unit, std::string(file))
-        .status(status == OpenStatus::old_file ? "old" : "new")
-        .form("formatted")
-        .access("sequential")
-        .iostat(iostat);
+    opened.open(&iostat);
     if (iostat == 0) return 0;
     // The failed unit stays in the runtime's table without a file, and its next use would crash.
     io.units.erase(unit);
@@ -56,19 +101,59 @@ int Runtime::open(int unit, std::string_view file, OpenStatus status) {
     return iostat;
 }
 
+// Closes the stream of a unit, which then has none; a standard stream is flushed only.
+void Runtime::close_stream(int unit) {
+    const auto found = state_->common.io.units.find(unit);
+    if (found == state_->common.io.units.end()) return;
+    fem::io_unit& connected = found->second;
+    std::FILE* const file = connected.stream.ptr;
+    if (file == nullptr) return;
+    const bool was_written = state_->written_units.erase(unit) != 0;
+    errno = 0;
+    if (is_standard_stream(file)) {
+        if (was_written && std::fflush(file) != 0) state_->note_fault(connected, errno);
+        return;
+    }
+    connected.stream.ptr = nullptr;
+    if (std::fclose(file) != 0 && was_written) state_->note_fault(connected, errno);
+}
+
 int Runtime::close(int unit) {
+    close_stream(unit);
     int iostat = 0;
     state_->common.io.close(unit).iostat(iostat);
     return iostat;
 }
 
+void Runtime::close_all() {
+    fem::io& io = state_->common.io;
+    while (!io.units.empty()) {
+        const int unit = io.units.begin()->first;
+        close_stream(unit);
+        io.units.erase(unit);
+    }
+}
+
+bool Runtime::wrote_all(int unit) const {
+    return !state_->faulty_units.contains(unit);
+}
+
+const std::vector<WriteFault>& Runtime::write_faults() const {
+    return state_->write_faults;
+}
+
 void Runtime::connect(int unit) {
     fem::io& io = state_->common.io;
     if (io.unit_ptr(unit) != nullptr) return;
+    const std::string name = scratch_name(unit);
     // A stopped run may have left its scratch file, which would otherwise be read as this run's.
-    std::remove(scratch_name(unit).c_str());
+    std::remove(name.c_str());
     try {
         io.unit_ptr(unit, /*auto_open*/ true);
+    } catch (const fem::io_err&) {
+        io.units.erase(unit);
+        state_->note_fault(name, reason_against_creating(name));
+        throw;
     } catch (...) {
         io.units.erase(unit);
         throw;
@@ -84,18 +169,29 @@ void Runtime::write_items(int unit, std::string_view format, std::span<const Ite
     const auto edits = state_->descriptors.of(format, items.size());
     require_kinds(items, edits, format);
     connect(unit);
-    fem::write_loop loop(state_->common, unit, as_fem(format));
-    put_items(loop, items, edits);
+    const fem::io_unit& connected = *state_->common.io.unit_ptr(unit);
+    state_->written_units.insert(unit);
+    errno = 0;
+    try {
+        fem::write_loop loop(state_->common, unit, as_fem(format));
+        put_items(loop, items, edits);
+    } catch (const fem::io_err&) { // the file cannot be cut at its present position
+        state_->note_fault(connected, errno);
+        throw;
+    }
+    state_->check_stream(connected);
 }
 
 ReadStatus Runtime::read_characters(int unit, std::span<char> characters) {
     connect(unit);
-    // The width counts only when the target has just that length, so one is made for each read.
-    std::string line(characters.size(), ' ');
-    const std::string format = "(a" + std::to_string(line.size()) + ")";
+    std::string line;
+    line.reserve(characters.size());
     try {
-        fem::read_loop loop(state_->common, unit, as_fem(format));
-        loop, fem::str_ref(line.data(), static_cast<int>(line.size()));
+        LineReader reader(state_->common, unit);
+        while (line.size() < characters.size()) {
+            line += reader.next();
+        }
+        reader.skip_rest();
     } catch (const fem::read_end&) {
         return ReadStatus::end;
     } catch (const fem::io_err&) {
@@ -107,9 +203,8 @@ ReadStatus Runtime::read_characters(int unit, std::span<char> characters) {
 
 void Runtime::skip_line(int unit) {
     connect(unit);
-    char dropped = ' '; // a read without an item would end the process at the end of the file
-    fem::read_loop loop(state_->common, unit, "(a1)");
-    loop, fem::str_ref(&dropped, 1);
+    LineReader reader(state_->common, unit);
+    reader.skip_rest();
 }
 
 } // namespace korvat::fortran

@@ -7,7 +7,9 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvat::fortran {
 
@@ -15,12 +17,18 @@ enum class OpenStatus { old_file, new_file };
 
 enum class ReadStatus { line, end, error };
 
+// A file that could not be written whole.
+struct WriteFault {
+    std::string file;
+    int error = 0; // the system's error number (errno) of the first call that failed
+};
+
 // One run's unit table and command line. Units 0, 5 and 6 start on standard error, input and
 // output. A unit that no open has connected is connected at its first use, whatever that is, to a
 // fresh scratch file `fem_io_unit_NNN` in the current directory.
 //
-// Where a scratch file cannot be made or written, the runtime's own exception (a std::exception)
-// leaves the call; nothing here catches it.
+// Where a scratch file cannot be made, a std::exception leaves the call. Any other write that fails
+// is silent, as the runtime has it; wrote_all and write_faults tell of it.
 class Runtime {
 public:
     // Hands the program's arguments to the runtime, which looks for its own option only.
@@ -38,6 +46,16 @@ public:
 
     // Closes the unit; closing an unconnected one does nothing. The I/O status is always 0.
     int close(int unit);
+
+    // Closes every unit; nothing may be read or written afterwards.
+    void close_all();
+
+    // Whether every write to the unit has succeeded so far.
+    [[nodiscard]] bool wrote_all(int unit) const;
+
+    // The files, each once, of which a write or the closing failed, in the order of the failures.
+    // Unit 6 is named "standard output" when no file was opened on it; unit 0 is not watched.
+    [[nodiscard]] const std::vector<WriteFault>& write_faults() const;
 
     void rewind(int unit);
 
@@ -69,6 +87,7 @@ private:
     struct State;
 
     void connect(int unit);
+    void close_stream(int unit);
     ReadStatus read_characters(int unit, std::span<char> characters);
 
     std::unique_ptr<State> state_;

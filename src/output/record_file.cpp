@@ -43,7 +43,15 @@ RecordFile::RecordFile(std::shared_ptr<IStreamWriter> stream) : stream_(std::mov
 }
 
 RecordFile::~RecordFile() {
-    if (stream_) stream_->Write(std::span(&end_byte, 1));
+    close();
+}
+
+int RecordFile::close() {
+    if (!stream_) return 0;
+    stream_->Write(std::span(&end_byte, 1));
+    const int error = stream_->Close();
+    stream_.reset();
+    return error;
 }
 
 RecordFile open_record_file(const std::string& file_name) {

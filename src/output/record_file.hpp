@@ -27,12 +27,16 @@ public:
     // Writes the header byte.
     explicit RecordFile(std::shared_ptr<IStreamWriter> stream);
 
-    // Writes the end byte and lets the stream go.
+    // Closes the file if that has not been done.
     ~RecordFile();
     RecordFile(RecordFile&&) = default;
     RecordFile& operator=(RecordFile&&) = delete;
     RecordFile(const RecordFile&) = delete;
     RecordFile& operator=(const RecordFile&) = delete;
+
+    // Writes the end byte, closes the stream and lets it go. Returns 0, or the system's error number
+    // (errno) of the first write or close that failed. Without a stream: 0.
+    int close();
 
 private:
     friend class RecordBuilder;

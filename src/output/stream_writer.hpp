@@ -15,8 +15,12 @@ public:
     IStreamWriter(const IStreamWriter&) = delete;
     IStreamWriter& operator=(const IStreamWriter&) = delete;
 
-    // Write errors are not checked.
+    // Write errors are not checked; Close tells of them.
     virtual void Write(std::span<const char> bytes) = 0;
+
+    // Ends the writing. Returns 0, or the system's error number (errno) of the first write or close
+    // that failed; what was written may then be incomplete.
+    virtual int Close() = 0;
 };
 
 // A file, created, or emptied when it exists; closed when the writer is destroyed.
@@ -26,9 +30,13 @@ public:
     explicit StreamWriter(const std::string& file_name);
 
     void Write(std::span<const char> bytes) override;
+    int Close() override;
 
 private:
+    void NoteFailure();
+
     std::ofstream stream_;
+    int error_ = 0; // of the first failure
 };
 
 } // namespace VESKA::TolvanCommonLibrary::IO

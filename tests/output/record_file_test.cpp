@@ -25,6 +25,7 @@ class KeptBytes : public IStreamWriter {
 public:
     explicit KeptBytes(std::string& bytes) : bytes_(bytes) {}
     void Write(std::span<const char> bytes) override { bytes_.append(bytes.data(), bytes.size()); }
+    int Close() override { return 0; }
 
 private:
     std::string& bytes_;
