@@ -4,6 +4,7 @@
 #include "compute/discretise.hpp"
 #include "compute/section_properties.hpp"
 #include "compute/yldsrf.hpp"
+#include "model/report_error.hpp"
 
 #include <cstdint>
 #include <cstdlib>
@@ -15,8 +16,9 @@ void check_tip_code(Store& cmn, int np) {
     const int nodes = cmn.NELP(np) + 1;
     if (std::abs(std::int64_t{cmn.ITIP(np)}) < nodes) return;
     cmn.IERR = 1;
-    cmn.runtime.write(cmn.NF6, "(/,' **** SR/BUILD : TIP CODE ERROR  NP,ND,ICTIP=',3i5)", np, nodes,
-                      cmn.ITIP(np));
+    report_error(cmn, cmn.NF6, cmn.ITIP_place(np),
+                 "(/,' **** SR/BUILD : TIP CODE ERROR  NP,ND,ICTIP=',3i5)", np, nodes,
+                 cmn.ITIP(np));
 }
 
 // A pile may only be fixed to a dummy pile.
@@ -24,8 +26,8 @@ void check_fixing(Store& cmn, int np) {
     const int f = cmn.IFIX(np);
     if (f == 0 || cmn.NELP(f) == 0) return;
     cmn.IERR = 1;
-    cmn.runtime.write(
-        cmn.NF6,
+    report_error(
+        cmn, cmn.NF6, cmn.IFIX_place(np),
         "(/,' **** SR/BUILD : PILE ',i3.3,' FIXED TO ',i3.3,' , THIS IS NOT A DUMMY PILE')", np, f);
 }
 

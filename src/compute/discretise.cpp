@@ -2,6 +2,7 @@
 #include "compute/discretise.hpp"
 
 #include "model/integer.hpp"
+#include "model/report_error.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -54,9 +55,9 @@ bool add_segment(Store& cmn, int np, int g, int& node) {
         x = x + le;
         ++node;
         if (node > cmn.MAXNOD) {
-            cmn.runtime.write(
-                cmn.NF6, "(/,' **** SR/BUILD : Too many nodes on pile NP',/,' NP,ND,MAX =',3i5)",
-                np, node, cmn.MAXNOD);
+            report_error(cmn, cmn.NF6, cmn.NSEGP_place(np),
+                         "(/,' **** SR/BUILD : Too many nodes on pile NP',/,' NP,ND,MAX =',3i5)",
+                         np, node, cmn.MAXNOD);
             cmn.IERR = 1;
             return false;
         }
@@ -91,8 +92,8 @@ bool build_pile_of_segments(Store& cmn, int np) {
     const double L2 = std::sqrt(dy * dy + dx * dx + dz * dz);
     const double d = std::fabs(L1) < cmn.TOL ? cmn.TOL : L1;
     if (std::fabs(L2 - L1) / d > length_tolerance) {
-        cmn.runtime.write(cmn.NF6, "(/,' **** SR/BUILD : PILE LENGTH ERROR  NP,L1,L2=',i5,2f12.4)",
-                          np, L1, L2);
+        report_error(cmn, cmn.NF6, cmn.NSEGP_place(np),
+                     "(/,' **** SR/BUILD : PILE LENGTH ERROR  NP,L1,L2=',i5,2f12.4)", np, L1, L2);
         cmn.IERR = 1;
         return false;
     }

@@ -4,6 +4,7 @@
 #include "compute/capacity_check.hpp"
 #include "compute/section_properties.hpp"
 #include "fortran/stop.hpp"
+#include "model/report_error.hpp"
 
 #include <algorithm>
 #include <array>
@@ -37,8 +38,10 @@ struct Tube {
     fortran::stop();
 }
 
-[[noreturn]] void stop_at_iteration_limit(Store& cmn) {
-    cmn.runtime.write(cmn.NF6, "(/,' **** SR/YLDSRF : 100 iterations reached')");
+[[noreturn]] void stop_at_iteration_limit(const Tube& tube) {
+    Store& cmn = tube.cmn;
+    report_error(cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
+                 "(/,' **** SR/YLDSRF : 100 iterations reached')");
     stop_run(cmn);
 }
 
@@ -59,6 +62,7 @@ Tube tube_of(Store& cmn, int i) {
 // Utilisation under an axial force N, positive in compression, and a moment M.
 double utilisation(const Tube& tube, double N, double M) {
     Store& cmn = tube.cmn;
+    const DeckPlace& place = cmn.NLCRS_place(tube.section);
     SectionForces forces{};
     forces[axial_force] = N;
     forces[bending_2] = M;
@@ -67,11 +71,13 @@ double utilisation(const Tube& tube, double N, double M) {
     if (cmn.NLCRS(tube.section) == code_of_norchk) {
         norchk(cmn, tube.D, tube.t, 0.0, 0.0, tube.E, tube.sigy, forces, U, error);
         if (error == 0) return U;
-        cmn.runtime.write(cmn.NF6, "(/,' **** SR/YLDSRF : Error from SR/NORCHK IERR=',i5)", error);
+        report_error(cmn, cmn.NF6, place, "(/,' **** SR/YLDSRF : Error from SR/NORCHK IERR=',i5)",
+                     error);
     } else {
         isochk(cmn, tube.D, tube.t, 0.0, 0.0, tube.E, tube.sigy, forces, U, error);
         if (error == 0) return U;
-        cmn.runtime.write(cmn.NF6, "(/,' **** SR/YLDSRF : Error from SR/ISOCHK IERR=',i5)", error);
+        report_error(cmn, cmn.NF6, place, "(/,' **** SR/YLDSRF : Error from SR/ISOCHK IERR=',i5)",
+                     error);
     }
     stop_run(cmn);
 }
@@ -88,7 +94,7 @@ double axial_capacity(const Tube& tube, double Ny) {
         if (is_at_capacity(U)) return N;
         N = N * (1.0 / std::sqrt(U));
     }
-    stop_at_iteration_limit(tube.cmn);
+    stop_at_iteration_limit(tube);
 }
 
 // The moment at which the utilisation is 1 under an axial force N.
@@ -99,7 +105,7 @@ double plastic_moment(const Tube& tube, double N) {
         if (is_at_capacity(U)) return M;
         M = M / U;
     }
-    stop_at_iteration_limit(tube.cmn);
+    stop_at_iteration_limit(tube);
 }
 
 // Equally spaced from N down to Ny; the one of smallest magnitude, the first on a tie, is set to
@@ -130,8 +136,8 @@ Curve elastic_moments(const Tube& tube, const Curve& levels, const Curve& plasti
     for (std::size_t k = 1; k + 1 < levels.size(); ++k) {
         const double siga = std::fabs(levels[k]) / tube.A;
         if (tube.sigy - siga < 0.0) {
-            cmn.runtime.write(
-                cmn.NF6,
+            report_error(
+                cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
                 "(/,' **** SR/YLDSRF : Negative bending stress',/,' N,FAXL(N),SIGA,SIGY=',i5,3f10.3)",
                 static_cast<int>(k) + 1, levels[k], siga, tube.sigy);
             stop_run(cmn);

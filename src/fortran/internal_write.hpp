@@ -18,8 +18,12 @@ namespace korvat::fortran {
 template <Writable... Items>
 [[nodiscard]] std::string edited(std::size_t width, std::string_view format,
                                  const Items&... items) {
-    const Item list[] = {Item(items)...};
-    return edited_items(width, format, list);
+    if constexpr (sizeof...(Items) == 0) {
+        return edited_items(width, format, {});
+    } else {
+        const Item list[] = {Item(items)...};
+        return edited_items(width, format, list);
+    }
 }
 
 } // namespace korvat::fortran

@@ -105,8 +105,17 @@ std::optional<std::string_view> ListDirected::next_token() {
     const std::size_t start = text_.find_first_not_of(separators, position_);
     if (start == std::string::npos) return std::nullopt;
     const std::size_t end = text_.find_first_of(" \t\r\n,", start); // a line end closes every line
+    start_ = start;
     position_ = text_[end] == ',' ? end + 1 : end;
     return std::string_view(text_).substr(start, end - start);
+}
+
+ListDirected::Position ListDirected::last_position() const {
+    const auto before = std::string_view(text_).substr(0, start_);
+    const std::size_t line_end = before.rfind('\n');
+    const std::size_t line_start = line_end == std::string_view::npos ? 0 : line_end + 1;
+    return {.line = static_cast<int>(std::ranges::count(before, '\n')),
+            .column = static_cast<int>(start_ - line_start) + 1};
 }
 
 ListDirected::Result ListDirected::take(int& value) {

@@ -20,6 +20,13 @@ public:
                      // r*c, a slash and an empty value are no numbers
     };
 
+    // Where a value begins: its line by the order in which the lines were given, from 0, and its
+    // column, from 1.
+    struct Position {
+        int line = 0;
+        int column = 1;
+    };
+
     void add_line(std::string_view line);
 
     // An integer within the 32-bit range.
@@ -29,11 +36,15 @@ public:
     // -400..400 and a value too large for a double are bad.
     [[nodiscard]] Result take(double& value);
 
+    // Of the value that was asked for last; of an empty value, the comma.
+    [[nodiscard]] Position last_position() const;
+
 private:
     std::optional<std::string_view> next_token();
 
     std::string text_;
-    std::size_t position_ = 0;
+    std::size_t position_ = 0; // up to which the text has been used
+    std::size_t start_ = 0;    // of the last token
 };
 
 } // namespace korvat::fortran

@@ -2,6 +2,7 @@
 #include "input/get_revision.hpp"
 
 #include "fortran/number.hpp"
+#include "model/report_error.hpp"
 
 #include <array>
 #include <string>
@@ -14,6 +15,7 @@ using WorkLine = fortran::Text<80>;
 
 constexpr int most_lines_searched = 10;
 constexpr std::size_t key_width = 15;
+constexpr int date_column = 17;
 
 namespace fault {
 constexpr int date_not_accepted = 2;
@@ -53,9 +55,9 @@ void report_revision(Store& cmn, int IOUT, int IREV) {
     }
 }
 
-void report_end_of_file(Store& cmn, int IOUT, int NF) {
-    cmn.runtime.write(
-        IOUT, "(/,' **** Error message from SR/GetRevision: End-of-file at',' unit=',i3)", NF);
+void report_end_of_file(Store& cmn, int IOUT, int NF, int NLINE) {
+    report_error(cmn, IOUT, {.line = NLINE + 1},
+                 "(/,' **** Error message from SR/GetRevision: End-of-file at',' unit=',i3)", NF);
 }
 
 bool is_version_line(const WorkLine& line, const std::string& name) {
@@ -100,11 +102,12 @@ Search search_version_line(Source& source, const std::string& name, WorkLine& li
 }
 
 // The revision that a version line names; 0, IERR and a message when it names none.
-int revision_of(Store& cmn, int IOUT, const WorkLine& line, int& IERR) {
+int revision_of(Store& cmn, int IOUT, const WorkLine& line, int NLINE, int& IERR) {
+    const DeckPlace place{.line = NLINE, .column = date_column};
     Date date;
     if (!read_date(line, date) || !is_acceptable(date)) {
-        cmn.runtime.write(
-            IOUT,
+        report_error(
+            cmn, IOUT, place,
             "(/,' **** Error message from SR/GetRevision:',/,' Non-accepted date: Year-Month-Day=',i5.4,'-',i2.2,'-',i2.2,/,1x,a80)",
             date.year, date.month, date.day, line);
         IERR = fault::date_not_accepted;
@@ -112,8 +115,8 @@ int revision_of(Store& cmn, int IOUT, const WorkLine& line, int& IERR) {
     }
     if (date == revision_4) return 4;
     if (date == revision_5) return 5;
-    cmn.runtime.write(
-        IOUT,
+    report_error(
+        cmn, IOUT, place,
         "(/,' **** Error message from SR/GetRevision:',/,' The given date is not a valid revision date',/,1x,a80,/,' Valid dates are:',/,' Revision 4, 2006-06-11',/,' Revision 5, 2009-09-01')",
         line);
     IERR = fault::no_revision_date;
@@ -136,7 +139,7 @@ void GetRevision(Store& cmn, int NF, int IOUT, Label& LABEL, int& IREV, Table1<i
                               : Search::end_of_file;
     LABEL = first;
     if (search == Search::end_of_file) {
-        report_end_of_file(cmn, IOUT, NF);
+        report_end_of_file(cmn, IOUT, NF, NLINE);
         IERR = fault::end_of_file;
         return;
     }
@@ -148,7 +151,7 @@ void GetRevision(Store& cmn, int NF, int IOUT, Label& LABEL, int& IREV, Table1<i
         report_revision(cmn, IOUT, IREV);
         return;
     }
-    IREV = revision_of(cmn, IOUT, line, IERR);
+    IREV = revision_of(cmn, IOUT, line, NLINE, IERR);
     if (IREV == 0) return;
     if (IREV == 5) {
         IDATE(1) = revision_5.year;

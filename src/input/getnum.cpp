@@ -50,4 +50,12 @@ void getnum(std::string_view line, int K, Values& VAR, int& N, int& IERR) {
     N = found;
 }
 
+std::size_t position_of_number(std::string_view line, int k) {
+    std::size_t position = first_of_token(line, 0);
+    for (int i = 1; i < k && position != std::string_view::npos; ++i) {
+        position = first_of_token(line, position + token_at(line, position).size());
+    }
+    return position;
+}
+
 } // namespace korvat

@@ -1,26 +1,40 @@
 // The temporary copy of the input without its comment lines.
 #include "input/input_copy.hpp"
 
+#include <stdexcept>
+
 namespace korvat {
 namespace {
+
+using fortran::ReadStatus;
 
 bool is_comment(std::string_view line) {
     return line.front() == '*' || line.front() == 'C' || line.front() == 'c';
 }
 
+// Copies the lines; deck_end receives the number of the last line tried, the one that ended it.
+ReadStatus copy_lines(Store& cmn, int NFR, int NFW) {
+    fortran::Text<120> line;
+    for (cmn.deck_end = 1;; ++cmn.deck_end) {
+        const ReadStatus status = cmn.runtime.read_line(NFR, line);
+        if (status != ReadStatus::line) return status;
+        if (line.first(3) == "END") return status;
+        if (cmn.deck_end > 1 && is_comment(line.view())) continue;
+        cmn.runtime.write(NFW, "(a120)", line);
+        cmn.deck_lines.push_back(cmn.deck_end);
+    }
+}
+
 } // namespace
 
-fortran::ReadStatus copy_without_comments(Store& cmn, int NFR, int NFW) {
+ReadStatus copy_without_comments(Store& cmn, int NFR, int NFW) {
     cmn.runtime.rewind(NFR);
     cmn.runtime.rewind(NFW);
-    fortran::Text<120> line;
-    for (bool is_first = true;; is_first = false) {
-        const fortran::ReadStatus status = cmn.runtime.read_line(NFR, line);
-        if (status != fortran::ReadStatus::line) return status;
-        if (line.first(3) == "END") return status;
-        if (!is_first && is_comment(line.view())) continue;
-        cmn.runtime.write(NFW, "(a120)", line);
-    }
+    const ReadStatus status = copy_lines(cmn, NFR, NFW);
+    const bool nothing_read = cmn.deck_end == 1 && status == ReadStatus::error;
+    if (status == ReadStatus::end || nothing_read) --cmn.deck_end; // there is no such line
+    if (!cmn.runtime.wrote_all(NFW)) throw std::runtime_error("the input could not be copied");
+    return status;
 }
 
 } // namespace korvat

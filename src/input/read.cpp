@@ -2,9 +2,9 @@
 #include "input/read.hpp"
 
 #include "model/integer.hpp"
+#include "model/report_error.hpp"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace korvat {
@@ -16,23 +16,13 @@ using fortran::ReadStatus;
 
 constexpr int physical_width = 80;
 
-// Every line but the last holds a number, and the last may find the value list full.
-constexpr int most_lines = limits::record_values + 1;
-
-// First and last column of a physical line inside LINE, 1-based.
-struct Columns {
-    int first = 1;
-    int last = 1;
-};
-
 // What one call works with.
 struct Record {
     Store& cmn;
     int LOC;
     int IOUNIT;
     Line& LINE;
-    std::string line_above;                // up to its last non-blank character, at least one
-    std::array<Columns, most_lines> lines; // of the physical lines read
+    std::string line_above; // up to its last non-blank character, at least one
     int NPHYS = 0;
     int NTOT = 0; // numbers found so far
 };
@@ -56,7 +46,7 @@ void show_context(const Record& record) {
     unit.write(out, "(a,/)", characters(" " + std::string(79, '-')));
     unit.write(out, "(1x,a)", characters("- " + record.line_above));
     for (int j = 0; j < record.NPHYS; ++j) {
-        const Columns& line = record.lines[static_cast<std::size_t>(j)];
+        const LineColumns& line = record.cmn.LINE_columns.at(static_cast<std::size_t>(j));
         unit.write(out, "(1x,2a)", characters(j == 0 ? "- " : "& "),
                    characters(record.LINE.columns(static_cast<std::size_t>(line.first),
                                                   static_cast<std::size_t>(line.last))));
@@ -65,25 +55,33 @@ void show_context(const Record& record) {
 }
 
 template <typename... Items>
-void report(const Record& record, std::string_view format, const Items&... items) {
-    record.cmn.runtime.write(record.IOUNIT, format, items...);
+void report(const Record& record, const DeckPlace& place, std::string_view format,
+            const Items&... items) {
+    report_error(record.cmn, record.IOUNIT, place, format, items...);
     show_context(record);
+}
+
+// The physical line read last, or the one that could not be read when `ahead` is 1.
+DeckPlace whole_line(const Record& record, int ahead = 0) {
+    return {.line = record.cmn.NLINE + record.NPHYS - 1 + ahead};
 }
 
 void report_nothing_found(const Record& record) {
     if (record.NPHYS == 1) {
-        report(record, "(/,' **** SR/READ : NO NUMBERS FOUND AT LOCATION =',i5)", record.LOC);
+        report(record, whole_line(record),
+               "(/,' **** SR/READ : NO NUMBERS FOUND AT LOCATION =',i5)", record.LOC);
     } else {
         report(
-            record,
+            record, whole_line(record),
             "(/,' **** SR/READ : NO NUMBERS FOUND AT LOCATION =',i5,', ON A ''PHYSICAL CONTINUATION',/,16x,'LINE.''')",
             record.LOC);
     }
 }
 
-void report_wrong_count(const Record& record, int NVAR) {
+// `culprit` is the number of the record that is none, or one too many.
+void report_wrong_count(const Record& record, int NVAR, int culprit) {
     report(
-        record,
+        record, place_of_number(record.cmn, record.LINE, record.cmn.NLINE, culprit),
         "(/,' **** SR/READ : NUMBER OF VARIABLES WHICH SHOULD BE ON ','LINE:',i5,',',/,'                WAS NOT EQUAL TO NUMBER OF INPUT ','VARIABLES FOUND:',i5,',',/,'                AT LOCATION = ',i5)",
         NVAR, record.NTOT, record.LOC);
 }
@@ -93,16 +91,18 @@ bool fetch_line(Record& record, int INUNIT, int IS) {
     fortran::Text<physical_width> line;
     const ReadStatus status = record.cmn.runtime.read_line(INUNIT, line);
     if (status == ReadStatus::end) {
-        report(record, "(/,' **** SR/READ : END-OF-FILE AT LOCATION = ',i5)", record.LOC);
+        report(record, whole_line(record, 1), "(/,' **** SR/READ : END-OF-FILE AT LOCATION = ',i5)",
+               record.LOC);
         return false;
     }
     if (status == ReadStatus::error) {
-        report(record, "(/,' **** SR/READ : FORMAT ERROR AT LOCATION =',i5)", record.LOC);
+        report(record, whole_line(record, 1), "(/,' **** SR/READ : FORMAT ERROR AT LOCATION =',i5)",
+               record.LOC);
         return false;
     }
     record.LINE.assign_from(static_cast<std::size_t>(IS), line.view(), physical_width);
     const int last = std::max(static_cast<int>(last_non_blank(record.LINE.view())), 1);
-    record.lines.at(static_cast<std::size_t>(record.NPHYS)) = {IS, std::max(last, IS)};
+    record.cmn.LINE_columns.at(static_cast<std::size_t>(record.NPHYS)) = {IS, std::max(last, IS)};
     ++record.NPHYS;
     return true;
 }
@@ -114,7 +114,7 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
     while (true) {
         if (!fetch_line(record, INUNIT, IS)) return false;
         const bool is_first = record.NPHYS == 1;
-        const int IE = record.lines.at(static_cast<std::size_t>(record.NPHYS - 1)).last;
+        const int IE = record.cmn.LINE_columns.at(static_cast<std::size_t>(record.NPHYS - 1)).last;
 
         int found = is_first && NVAR >= 1 ? NVAR : 0;
         int conversion = 0;
@@ -126,7 +126,7 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
         IS = IE + 2;
         record.NTOT += found;
         if (conversion != 0) {
-            report_wrong_count(record, NVAR);
+            report_wrong_count(record, NVAR, record.NTOT + 1);
             return false;
         }
         if (found == 0) {
@@ -135,7 +135,7 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
         }
         if (IS > limits::line_length) {
             report(
-                record,
+                record, whole_line(record),
                 "(/,' **** SR/READ : LENGTH OF ONE LOGICAL INPUT LINE ','LONGER THAN:',i5,' CHARACTERS.',/,'                AT LOCATION = ',i5)",
                 IE, record.LOC);
             return false;
@@ -143,7 +143,8 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
         if (record.NTOT < NVAR) continue;
         if (NVAR == 0) NVAR = record.NTOT;
         if (NVAR == record.NTOT) return true;
-        report_wrong_count(record, NVAR);
+        // A count that is below its own place is itself at fault, not the number behind it.
+        report_wrong_count(record, NVAR, std::max(NVAR + 1, count_place));
         return false;
     }
 }
@@ -152,11 +153,26 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
 
 void read(Store& cmn, int& NVAR, int LOC, int INUNIT, int IOUNIT, int& NPHYS, Line& LINE,
           Values& VAR, int& IERR) {
-    Record record{cmn, LOC, IOUNIT, LINE, shown_line_above(LINE), {}};
+    Record record{cmn, LOC, IOUNIT, LINE, shown_line_above(LINE)};
     LINE.fill_blank();
     const bool succeeded = read_lines(record, NVAR, INUNIT, VAR);
     NPHYS = record.NPHYS;
     IERR = succeeded ? 0 : 1;
+}
+
+DeckPlace place_of_number(const Store& cmn, const Line& LINE, int first_line, int i) {
+    DeckPlace place{.line = first_line};
+    const std::size_t position = position_of_number(LINE.view(), i);
+    if (position == std::string_view::npos) return place;
+    const int column = static_cast<int>(position) + 1;
+    for (const LineColumns& line : cmn.LINE_columns) {
+        if (column <= line.last) {
+            place.column = column - line.first + 1;
+            return place;
+        }
+        ++place.line;
+    }
+    return {.line = first_line};
 }
 
 } // namespace korvat

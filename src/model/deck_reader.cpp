@@ -7,12 +7,18 @@
 
 namespace korvat {
 
+// The line that could not be read; where the input was not even copied, the one that ended it.
+DeckPlace DeckReader::unread_place() const {
+    const int behind_copy = static_cast<int>(cmn.deck_lines.size()) + 1;
+    return {.line = cmn.NLINE == 0 ? behind_copy : cmn.NLINE};
+}
+
 int DeckReader::report_unreadable(fortran::ReadStatus status) {
     if (status == fortran::ReadStatus::end) {
-        cmn.runtime.write(cmn.NF6, messages_.end_of_file, LOC);
+        report_error(cmn, cmn.NF6, unread_place(), messages_.end_of_file, LOC);
         return cause::end_of_file;
     }
-    cmn.runtime.write(cmn.NF6, messages_.format_error, LOC);
+    report_error(cmn, cmn.NF6, unread_place(), messages_.format_error, LOC);
     return cause::format_error;
 }
 
@@ -25,8 +31,13 @@ int DeckReader::read_record(deck::RecordId id, int k) {
     read(cmn, count, LOC, cmn.NF12, cmn.NF6, NPHYS, cmn.LINE, VAR, fault);
     cmn.NLINE += std::max(NPHYS - 1, 0); // the continuation lines
     if (fault == 0) return no_fault;
-    cmn.runtime.write(cmn.NF6, messages_.record_fault, LOC);
+    report_error(cmn, cmn.NF6, line_place(), messages_.record_fault, LOC);
     return cause::record_fault;
+}
+
+DeckPlace DeckReader::place(int i) const {
+    const DeckPlace place = place_of_number(cmn, cmn.LINE, cmn.NLINE - std::max(NPHYS - 1, 0), i);
+    return place.column == 0 ? line_place() : place;
 }
 
 int DeckReader::integer(int i) const {

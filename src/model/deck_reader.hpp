@@ -4,6 +4,7 @@
 #include "input/linerd.hpp"
 #include "input/read.hpp"
 #include "model/deck_records.hpp"
+#include "model/report_error.hpp"
 #include "model/store.hpp"
 
 #include <string_view>
@@ -39,12 +40,19 @@ public:
     // Reads the k-th record of its kind into VAR and sets LOC to its location code.
     [[nodiscard]] int read_record(deck::RecordId id, int k = 0);
 
-    // Writes an error message of a failed check; returns its cause code.
+    // Writes the error message of a check that failed at a place; returns its cause code.
     template <fortran::Writable... Items>
-    [[nodiscard]] int reject(std::string_view format, const Items&... items) {
-        cmn.runtime.write(cmn.NF6, format, items...);
+    [[nodiscard]] int reject(const DeckPlace& place, std::string_view format,
+                             const Items&... items) {
+        report_error(cmn, cmn.NF6, place, format, items...);
         return cause::bad_value;
     }
+
+    // The line just read.
+    [[nodiscard]] DeckPlace line_place() const { return {.line = cmn.NLINE}; }
+
+    // Number i of the record just read; the line just read when it has no such number.
+    [[nodiscard]] DeckPlace place(int i) const;
 
     // Reports why a line could not be read at the present location.
     [[nodiscard]] int report_unreadable(fortran::ReadStatus status);
@@ -58,6 +66,8 @@ public:
     Values VAR;    // the record just read; keeps its numbers between records
 
 private:
+    [[nodiscard]] DeckPlace unread_place() const;
+
     const ReaderMessages& messages_;
 };
 

@@ -48,7 +48,7 @@ int read_cross_sections_by_revision(SectionReader& in) {
     Store& cmn = in.cmn;
     if (cmn.IREV < 5) return read_cross_sections(in);
     if (cmn.IREV > 5) {
-        cmn.runtime.write(cmn.NF6, "(/,' **** SR/READPI : Program revision number > 5')");
+        report_error(cmn, cmn.NF6, {}, "(/,' **** SR/READPI : Program revision number > 5')");
         terminate(cmn);
     }
     rev5inp(cmn);

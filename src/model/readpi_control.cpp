@@ -30,12 +30,27 @@ int read_factors(SectionReader& in) {
     return no_fault;
 }
 
-int read_counts_and_levels(SectionReader& in) {
+// Where the counts stand that are checked when all have been read.
+struct CountPlaces {
+    DeckPlace NUMPIL, NUMCRS, NUMMAT, NUMSEG;
+};
+
+int read_count(SectionReader& in, RecordId id, int& count, DeckPlace& place) {
+    if (const int fault = read_integer(in, id, count)) return fault;
+    place = in.place(1);
+    return no_fault;
+}
+
+int read_counts_and_levels(SectionReader& in, CountPlaces& at) {
     Store& cmn = in.cmn;
-    if (const int fault = read_integer(in, RecordId::piles, cmn.NUMPIL)) return fault;
-    if (const int fault = read_integer(in, RecordId::cross_sections, cmn.NUMCRS)) return fault;
-    if (const int fault = read_integer(in, RecordId::materials, cmn.NUMMAT)) return fault;
-    if (const int fault = read_integer(in, RecordId::segment_types, in.NUMSEG)) return fault;
+    if (const int fault = read_count(in, RecordId::piles, cmn.NUMPIL, at.NUMPIL)) return fault;
+    if (const int fault = read_count(in, RecordId::cross_sections, cmn.NUMCRS, at.NUMCRS)) {
+        return fault;
+    }
+    if (const int fault = read_count(in, RecordId::materials, cmn.NUMMAT, at.NUMMAT)) return fault;
+    if (const int fault = read_count(in, RecordId::segment_types, in.NUMSEG, at.NUMSEG)) {
+        return fault;
+    }
     if (const int fault = read_integer(in, RecordId::load_vectors, cmn.NUMLOD)) return fault;
     if (const int fault = read_integer(in, RecordId::print_level, cmn.JPRINT)) return fault;
     return read_integer(in, RecordId::echo_level, cmn.JECHO);
@@ -45,23 +60,23 @@ bool is_outside(int count, int most) {
     return count < 1 || count > most;
 }
 
-int check_counts(SectionReader& in) {
+int check_counts(SectionReader& in, const CountPlaces& at) {
     const Store& cmn = in.cmn;
     if (is_outside(cmn.NUMPIL, limits::piles)) {
-        return in.reject("(/,' **** SR/READPI : NUMPIL PROBLEM  NUMPIL,MAX=',2i5)", cmn.NUMPIL,
-                         cmn.MAXPIL);
+        return in.reject(at.NUMPIL, "(/,' **** SR/READPI : NUMPIL PROBLEM  NUMPIL,MAX=',2i5)",
+                         cmn.NUMPIL, cmn.MAXPIL);
     }
     if (is_outside(cmn.NUMCRS, limits::cross_sections)) {
-        return in.reject("(/,' **** SR/READPI : NUMCRS PROBLEM  NUMCRS,MAX=',2i5)", cmn.NUMCRS,
-                         cmn.MAXCRS);
+        return in.reject(at.NUMCRS, "(/,' **** SR/READPI : NUMCRS PROBLEM  NUMCRS,MAX=',2i5)",
+                         cmn.NUMCRS, cmn.MAXCRS);
     }
     if (is_outside(cmn.NUMMAT, limits::materials)) {
-        return in.reject("(/,' **** SR/READPI : NUMMAT PROBLEM  NUMMAT,MAX=',2i5)", cmn.NUMMAT,
-                         cmn.MAXMAT);
+        return in.reject(at.NUMMAT, "(/,' **** SR/READPI : NUMMAT PROBLEM  NUMMAT,MAX=',2i5)",
+                         cmn.NUMMAT, cmn.MAXMAT);
     }
     if (is_outside(in.NUMSEG, limits::segment_types)) {
-        return in.reject("(/,' **** SR/READPI : NUMSEG PROBLEM  NUMSEG,MAX=',2i5)", in.NUMSEG,
-                         cmn.MAXSEG);
+        return in.reject(at.NUMSEG, "(/,' **** SR/READPI : NUMSEG PROBLEM  NUMSEG,MAX=',2i5)",
+                         in.NUMSEG, cmn.MAXSEG);
     }
     return no_fault;
 }
@@ -86,8 +101,9 @@ int read_control_section(SectionReader& in) {
     if (const int fault = in.require_blank_line("CONTROL SECTION")) return fault;
     if (const int fault = in.skip_heading()) return fault;
     if (const int fault = read_factors(in)) return fault;
-    if (const int fault = read_counts_and_levels(in)) return fault;
-    if (const int fault = check_counts(in)) return fault;
+    CountPlaces places;
+    if (const int fault = read_counts_and_levels(in, places)) return fault;
+    if (const int fault = check_counts(in, places)) return fault;
     clamp_levels(in);
     return no_fault;
 }

@@ -18,10 +18,11 @@ TubeRecord given_record(const SectionReader& in) {
 
 int check_sequence(SectionReader& in, int N, int previous, int k) {
     if (N <= previous) {
-        return in.reject("(/,' **** SR/READPI : CROSS SECTION SEQUENCE ERROR',3i5)", N, previous);
+        return in.reject(in.place(1), "(/,' **** SR/READPI : CROSS SECTION SEQUENCE ERROR',3i5)", N,
+                         previous);
     }
     if (k == 1 && N != 1) {
-        return in.reject("(/,' **** SR/READPI : FIRST CROSS SECTION MUST BE 1')");
+        return in.reject(in.place(1), "(/,' **** SR/READPI : FIRST CROSS SECTION MUST BE 1')");
     }
     return no_fault;
 }
@@ -33,7 +34,9 @@ int check_values(SectionReader& in, int N, const TubeRecord& tube) {
     if (tube.MATCRS < 1) error = 5;
     if (tube.MATCRS > cmn.NUMMAT) error = 6;
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", N, error);
+    constexpr int value_at_fault[] = {3, 4, 4, 1, 2, 2}; // of error numbers 1..6
+    return in.reject(in.place(value_at_fault[error - 1]),
+                     "(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", N, error);
 }
 
 // The skipped sections sit at the middles of as many equal parts, not at the interior points of a

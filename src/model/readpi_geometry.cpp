@@ -25,19 +25,25 @@ int check_pile(SectionReader& in, const PileRecord& pile, int previous, int k) {
     const Store& cmn = in.cmn;
     const int NP = pile.NP;
     if (k == 1 && NP != 1) {
-        return in.reject("(/,' **** SR/READPI : FIRST PILE IN GEOMET TABLE NOT NO. 1')");
+        return in.reject(in.place(1),
+                         "(/,' **** SR/READPI : FIRST PILE IN GEOMET TABLE NOT NO. 1')");
     }
     if (NP <= previous) {
-        return in.reject("(/,' **** SR/READPI : PILE GEOMETRY SEQUENCE ERROR',2i5)", NP, previous);
+        return in.reject(in.place(1), "(/,' **** SR/READPI : PILE GEOMETRY SEQUENCE ERROR',2i5)",
+                         NP, previous);
     }
     if (pile.tip[2] - pile.head[2] < -cmn.TOL) { // of a generated pile too
         return in.reject(
+            in.place(9),
             "(/,' **** SR/READPI : Pile tip is located above pile head',/,' Co-ordinate system to be used has +Z pointing downwards',/,' Pile,z-head,ztip=',i5,2f10.3)",
             NP, pile.head[2], pile.tip[2]);
     }
     const bool is_source_bad = pile.NGEN < 0 || pile.NGEN >= NP;
-    if (NP > cmn.NUMPIL || is_source_bad || pile.NSYM < 0 || pile.NSYM > 2) {
-        return in.reject("(/,' **** SR/READPI : PILE,NGEN,NSYM=',3i5)", NP, pile.NGEN, pile.NSYM);
+    const bool is_number_bad = NP > cmn.NUMPIL;
+    if (is_number_bad || is_source_bad || pile.NSYM < 0 || pile.NSYM > 2) {
+        const int value_at_fault = is_number_bad ? 1 : is_source_bad ? 2 : 3;
+        return in.reject(in.place(value_at_fault), "(/,' **** SR/READPI : PILE,NGEN,NSYM=',3i5)",
+                         NP, pile.NGEN, pile.NSYM);
     }
     return no_fault;
 }
@@ -60,8 +66,10 @@ int check_omitted(SectionReader& in, int previous, int NP) {
     if (cmn.NGEN(NP) != 0) error = 3;
     if (cmn.NSYM(NP) != 0) error = 4;
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : OMITTED PILES  NGEN/NSYM NOT ZERO',3i5)", previous, NP,
-                     error);
+    // The first two are about the pile before, which is given on another line.
+    const DeckPlace place = error <= 2 ? in.line_place() : in.place(error - 1);
+    return in.reject(place, "(/,' **** SR/READPI : OMITTED PILES  NGEN/NSYM NOT ZERO',3i5)",
+                     previous, NP, error);
 }
 
 // A plain linear division, unlike that of the cross sections.

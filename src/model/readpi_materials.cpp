@@ -19,6 +19,11 @@ void store_material(SectionReader& in, int N) {
     cmn.EPSTMP(N) = in.VAR(6);
 }
 
+// The value that an error number is about.
+int value_at_fault(int error) {
+    return error == 6 ? 6 : error + 1;
+}
+
 // Error number of a modulus, 0 when both are positive.
 int modulus_error(const Store& cmn, int N) {
     int error = 0;
@@ -58,7 +63,8 @@ int check_material(SectionReader& in, int N) {
         in.warn("(/,' WARNING FROM SR/READPI :  N,EPSTMP=',i5,e12.4)", N, cmn.EPSTMP(N));
     }
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : MATERIAL ERROR  MAT,IERR=',2i5)", N, error);
+    return in.reject(in.place(value_at_fault(error)),
+                     "(/,' **** SR/READPI : MATERIAL ERROR  MAT,IERR=',2i5)", N, error);
 }
 
 } // namespace
@@ -71,7 +77,8 @@ int read_material_types(SectionReader& in) {
     for (int N = 1; N <= cmn.NUMMAT; ++N) {
         if (const int fault = in.read_record(deck::RecordId::material, N)) return fault;
         if (in.integer(1) != N) {
-            return in.reject("(/,' **** SR/READPI : MATERIAL TYPES SEQUENCE ERROR',2i5)", N,
+            return in.reject(in.place(1),
+                             "(/,' **** SR/READPI : MATERIAL TYPES SEQUENCE ERROR',2i5)", N,
                              in.integer(1));
         }
         store_material(in, N);

@@ -20,7 +20,9 @@ int check_tip_fix(SectionReader& in, const TipFixRecord& record, int last, bool 
     if (record.IFIX < 0 || record.IFIX > cmn.NUMPIL) error = 5;
     if (is_first && record.NP1 != 1) error = 6;
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : PILE TIP/FIX TABLE  NP1,NP2,ITIP,','IFIX,IERR=',/,5i5)",
+    constexpr int value_at_fault[] = {1, 2, 2, 3, 4, 1}; // of error numbers 1..6
+    return in.reject(in.place(value_at_fault[error - 1]),
+                     "(/,' **** SR/READPI : PILE TIP/FIX TABLE  NP1,NP2,ITIP,','IFIX,IERR=',/,5i5)",
                      record.NP1, record.NP2, record.ITIP, record.IFIX, error);
 }
 
@@ -34,13 +36,20 @@ struct SpecialRecord {
     int NP1, NP2, ND1, ND2, CODE;
 };
 
+// The first value of a record that is not accepted; 0 when all are.
+int value_at_fault(const Store& cmn, const SpecialRecord& record) {
+    if (record.NP1 > record.NP2 || record.NP2 > cmn.NUMPIL) return 2;
+    if (record.ND1 < 1) return 3;
+    if (record.ND1 > record.ND2 || record.ND2 > limits::pile_nodes) return 4;
+    if (record.CODE < spring_stiffness || record.CODE > temperature) return 5;
+    return 0;
+}
+
 int check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
     const Store& cmn = in.cmn;
-    const bool is_bad = record.NP1 > record.NP2 || record.NP2 > cmn.NUMPIL || record.ND1 < 1 ||
-                        record.ND1 > record.ND2 || record.ND2 > limits::pile_nodes ||
-                        record.CODE < spring_stiffness || record.CODE > temperature;
-    if (is_bad) {
+    if (const int value = value_at_fault(cmn, record); value != 0) {
         return in.reject(
+            in.place(value),
             "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,NP1,NP2,ND1,',',ND2,CODE=',/,6i5)", NOW,
             record.NP1, record.NP2, record.ND1, record.ND2, record.CODE);
     }
@@ -48,7 +57,8 @@ int check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
     for (int i = 1; i <= limits::node_components; ++i) {
         const double stiffness = in.VAR(5 + i);
         if (!(stiffness > -cmn.TOL)) {
-            return in.reject("(/,' **** SR/READPI : SPEC NODE VALUES  NOW,VAL=',i5,e12.4)", NOW,
+            return in.reject(in.place(5 + i),
+                             "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,VAL=',i5,e12.4)", NOW,
                              stiffness);
         }
     }
@@ -80,6 +90,7 @@ void store_special(SectionReader& in, const SpecialRecord& record, int NOW) {
     for (int i = 1; i <= limits::node_components; ++i) {
         cmn.SPVAL(i, NOW) = scaled(cmn, record.CODE, i, in.VAR(5 + i));
     }
+    cmn.ISPNOD_place(NOW) = in.place(4);
     cmn.NUMSPC = NOW;
     if (record.CODE != temperature) return;
     for (int NP = record.NP1; NP <= record.NP2; ++NP) {
@@ -100,9 +111,13 @@ int read_tip_fix_table(SectionReader& in) {
         if (const int fault = in.read_record(deck::RecordId::tip_and_fix, k)) return fault;
         const TipFixRecord record{in.integer(1), in.integer(2), in.integer(3), in.integer(4)};
         if (const int fault = check_tip_fix(in, record, last, k == 1)) return fault;
+        const DeckPlace tip_code = in.place(3);
+        const DeckPlace fixing = in.place(4);
         for (int p = record.NP1; p <= record.NP2; ++p) {
             cmn.ITIP(p) = record.ITIP;
             cmn.IFIX(p) = record.IFIX;
+            cmn.ITIP_place(p) = tip_code;
+            cmn.IFIX_place(p) = fixing;
         }
         last = record.NP2;
     }
@@ -117,7 +132,8 @@ int read_special_node_values(SectionReader& in) {
     for (int NOW = 1;; ++NOW) {
         // Tested before the record is read: 500 records cannot be followed by an end record.
         if (NOW > limits::special_records) {
-            return in.reject("(/,' **** SR/READPI : SPEC NODE VALUES  NOW,MAX=',2i5)", NOW,
+            return in.reject(in.line_place(),
+                             "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,MAX=',2i5)", NOW,
                              cmn.MAXSPC);
         }
         if (const int fault = in.read_record(deck::RecordId::special_node_values, NOW)) {

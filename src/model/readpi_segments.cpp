@@ -23,7 +23,9 @@ int check_segment_type(SectionReader& in, int N) {
     if (cmn.NELSEG(N) < 1) error = 6;
     if (cmn.NELSEG(N) > limits::pile_elements) error = 7;
     if (error == 0) return no_fault;
-    return in.reject("(/,' **** SR/READPI : SEGMENT ERROR  NUM,IERR=',2i5)", N, error);
+    constexpr int value_at_fault[] = {2, 3, 2, 3, 4, 5, 5}; // of error numbers 1..7
+    return in.reject(in.place(value_at_fault[error - 1]),
+                     "(/,' **** SR/READPI : SEGMENT ERROR  NUM,IERR=',2i5)", N, error);
 }
 
 // Lists the segments of one pile; a count of 0 or below lists none and makes a dummy pile.
@@ -31,14 +33,16 @@ int store_pile_segments(SectionReader& in, int NP) {
     Store& cmn = in.cmn;
     const int NSEG = in.integer(2);
     if (NSEG > limits::pile_segments) {
-        return in.reject("(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,SEG,MAX=',3i5)", NP, NSEG,
-                         cmn.MAXSPP);
+        return in.reject(in.place(2), "(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,SEG,MAX=',3i5)",
+                         NP, NSEG, cmn.MAXSPP);
     }
     cmn.NSEGP(NP) = NSEG;
+    cmn.NSEGP_place(NP) = in.line_place();
     for (int i = 1; i <= NSEG; ++i) {
         const int segment = in.integer(2 + i);
         if (segment < 1 || segment > in.NUMSEG) {
-            return in.reject("(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,I,SEG(I)=',3i5)", NP, i,
+            return in.reject(in.place(2 + i),
+                             "(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,I,SEG(I)=',3i5)", NP, i,
                              segment);
         }
         cmn.ISEGP(i, NP) = segment;
@@ -55,7 +59,7 @@ int read_segment_types(SectionReader& in) {
     for (int N = 1; N <= in.NUMSEG; ++N) {
         if (const int fault = in.read_record(deck::RecordId::segment_type, N)) return fault;
         if (in.integer(1) != N) {
-            return in.reject("(/,' **** SR/READPI : SEGMENT SEQUENCE ERROR',2i5)", N,
+            return in.reject(in.place(1), "(/,' **** SR/READPI : SEGMENT SEQUENCE ERROR',2i5)", N,
                              in.integer(1));
         }
         store_segment_type(in, N);
@@ -73,6 +77,7 @@ int read_pile_segment_table(SectionReader& in) {
         if (const int fault = in.read_record(deck::RecordId::pile_segments, NP)) return fault;
         if (in.integer(1) != NP) {
             return in.reject(
+                in.place(1),
                 "(/,' **** SR/READPI : PILE',i4.3,' EXPECTED IN SEGMENT ','TABLE , NOT',i4.3)", NP,
                 in.integer(1));
         }

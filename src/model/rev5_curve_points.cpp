@@ -28,11 +28,13 @@ int read_point(Rev5Reader& in, const Place& place, Point& point) {
     }
     if (number != place.N) {
         return in.reject(
+            in.place(1),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Expected value = ',i2)",
             number, place.N);
     }
     if (sequence != place.i) {
         return in.reject(
+            in.place(2),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  Expected value =',i2)",
             place.N, sequence, place.i);
     }
@@ -47,16 +49,19 @@ int check_end_point(Rev5Reader& in, const Place& place, const Point& point) {
         place.i == 1 ? point.FAXEL > point.FAXPL + TOL : point.FAXPL - point.FAXEL > TOL;
     if (is_inside) {
         return in.reject(
+            in.place(3),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  Frc.Axl.Elast',' > Frc.Axl.Plast',/,2e14.4)",
             place.N, place.i, point.FAXPL, point.FAXEL);
     }
     if (point.FMOEL > TOL) {
         return in.reject(
+            in.place(4),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The elastic moment',' is not zero',/,e14.4)",
             place.N, place.i, point.FMOEL);
     }
     if (point.FMOPL > TOL) {
         return in.reject(
+            in.place(6),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The plastic moment',' is not zero',/,e14.4)",
             place.N, place.i, point.FMOPL);
     }
@@ -69,21 +74,25 @@ int check_against_previous(Rev5Reader& in, const Place& place, const Point& prev
     const double TOL = in.cmn.TOL;
     if (previous.FAXEL - point.FAXEL < TOL) {
         return in.reject(
+            in.place(3),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  Present Frc.Axl.Elast',' is higher than last value given',/,2e14.4)",
             place.N, place.i, previous.FAXEL, point.FAXEL);
     }
     if (previous.FAXPL - point.FAXPL < TOL) {
         return in.reject(
+            in.place(5),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  Present Frc.Axl.Plast',' is higher than last value given',/,2e14.4)",
             place.N, place.i, previous.FAXPL, point.FAXPL);
     }
     if (point.FMOEL < -TOL) {
         return in.reject(
+            in.place(4),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The elastic moment',' is negative',/,e14.4)",
             place.N, place.i, point.FMOEL);
     }
     if (point.FMOPL < -TOL) {
         return in.reject(
+            in.place(6),
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The plastic moment',' is negative',/,e14.4)",
             place.N, place.i, point.FMOPL);
     }

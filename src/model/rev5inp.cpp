@@ -16,7 +16,8 @@ int read_section_line(Rev5Reader& in, int N, SectionLine& line) {
     in.LOC = deck::location_of(deck::record(deck::RecordId::cross_section_5), N);
     if (const int fault = in.read_tube(line, line.number, line.type, line.code)) return fault;
     if (line.number != N) {
-        return in.reject("(/,' **** SR/REV5INP : Cross section = ',i2,'  Expected',' value = ',i2)",
+        return in.reject(in.place(1),
+                         "(/,' **** SR/REV5INP : Cross section = ',i2,'  Expected',' value = ',i2)",
                          line.number, N);
     }
     line.tube = scaled(line.tube, in.cmn, in.stress);
@@ -51,39 +52,49 @@ int section_error(const Store& cmn, int N, const SectionLine& line) {
 int reject_section(Rev5Reader& in, int error, int N, const SectionLine& line) {
     switch (error) {
     case 1:
-        return in.reject("(' Diameter =',f8.4)", line.tube.DIAM);
+        return in.add_to_message("(' Diameter =',f8.4)", line.tube.DIAM);
     case 2:
-        return in.reject("(' Wall =',f8.4)", line.tube.WALL);
+        return in.add_to_message("(' Wall =',f8.4)", line.tube.WALL);
     case 3:
-        return in.reject("(' Diameter,wall =',2f8.4)", line.tube.DIAM, line.tube.WALL);
+        return in.add_to_message("(' Diameter,wall =',2f8.4)", line.tube.DIAM, line.tube.WALL);
     case 4:
-        return in.reject("(' N,NUMCRS=',2i5)", N, in.cmn.NUMCRS);
+        return in.add_to_message("(' N,NUMCRS=',2i5)", N, in.cmn.NUMCRS);
     case 5:
     case 6:
-        return in.reject("(' Material no. =',i5)", line.tube.MATCRS);
+        return in.add_to_message("(' Material no. =',i5)", line.tube.MATCRS);
     case 7:
-        return in.reject("(' Cross section type error',i5)", line.type);
+        return in.add_to_message("(' Cross section type error',i5)", line.type);
     case 8:
-        return in.reject("(' Non-linear code error',i5)", line.code);
+        return in.add_to_message("(' Non-linear code error',i5)", line.code);
     default:
-        return in.reject("(' Non-zero value given at composite crs sctn first line')");
+        return in.add_to_message("(' Non-zero value given at composite crs sctn first line')");
     }
+}
+
+// The value that an error number is about; the first line of a composite is at fault as a whole.
+DeckPlace place_of_error(const Rev5Reader& in, int error) {
+    constexpr int composite_values = 9;
+    constexpr int value_at_fault[] = {5, 6, 6, 1, 4, 4, 2, 3}; // of error numbers 1..8
+    if (error == composite_values) return {.line = in.place(1).line};
+    return in.place(value_at_fault[error - 1]);
 }
 
 int check_section(Rev5Reader& in, int N, const SectionLine& line) {
     const int error = section_error(in.cmn, N, line);
     if (error == 0) return no_fault;
-    in.cmn.runtime.write(
-        in.cmn.NF6,
+    report_error(
+        in.cmn, in.cmn.NF6, place_of_error(in, error),
         "(/,' **** SR/REV5INP : Cross section data input control',/,' Crs. no, IERR=',2i4)", N,
         error);
     return reject_section(in, error, N, line);
 }
 
-void store_section(Store& cmn, int N, const SectionLine& line) {
+void store_section(const Rev5Reader& in, int N, const SectionLine& line) {
+    Store& cmn = in.cmn;
     store_rev5_tube(cmn, N, line);
     cmn.ITYCRS(N) = line.type;
     cmn.NLCRS(N) = line.code;
+    cmn.NLCRS_place(N) = in.place(3);
 }
 
 int read_heading_lines(Rev5Reader& in) {
@@ -92,6 +103,7 @@ int read_heading_lines(Rev5Reader& in) {
     if (const int fault = in.fetch(line)) return fault;
     if (!line.is_blank()) {
         return in.reject(
+            in.line_place(),
             "(/,' **** SR/REV5INP : Missing blank line in front of',' cross section data section')");
     }
     for (int i = 0; i < 3; ++i) {
@@ -116,13 +128,15 @@ void store_rev5_tube(Store& cmn, int number, const Rev5Tube& tube) {
     }
 }
 
-int Rev5Reader::report_bad_value() {
-    cmn.runtime.write(cmn.NF6, "(/,' **** SR/REV5INP : Input data format error  LOC=',i5)", LOC);
+int Rev5Reader::report_bad_value(const DeckPlace& place) {
+    report_error(cmn, cmn.NF6, place, "(/,' **** SR/REV5INP : Input data format error  LOC=',i5)",
+                 LOC);
     return cause::format_error;
 }
 
 int Rev5Reader::report_end_of_file() {
-    cmn.runtime.write(cmn.NF6, "(/,' **** SR/REV5INP : End-of-file at unit NF12  LOC=',i5)", LOC);
+    report_error(cmn, cmn.NF6, line_place(),
+                 "(/,' **** SR/REV5INP : End-of-file at unit NF12  LOC=',i5)", LOC);
     return cause::end_of_file;
 }
 
@@ -133,9 +147,9 @@ int read_cross_section_lines(Rev5Reader& in) {
         SectionLine line;
         if (const int fault = read_section_line(in, N, line)) return fault;
         if (const int fault = check_section(in, N, line)) return fault;
-        store_section(cmn, N, line);
+        store_section(in, N, line);
         if (!is_composite(line)) continue;
-        if (const int fault = read_sub_sections(in, N, line.type, slot)) return fault;
+        if (const int fault = read_sub_sections(in, N, line.type, in.place(2), slot)) return fault;
     }
     return no_fault;
 }

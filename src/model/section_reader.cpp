@@ -32,7 +32,8 @@ int SectionReader::require_blank_line(std::string_view section) {
     if (const int fault = read_text_line<text_width>(); fault != no_fault) return fault;
     if (cmn.LINE.is_blank()) return no_fault;
     const std::string format = "(/,a44,'\"" + std::string(section) + "\"',/,1x,a80)";
-    return reject(format, fortran::characters(" **** SR/READPI : NO BLANK LINE AT START OF "),
+    return reject(line_place(), format,
+                  fortran::characters(" **** SR/READPI : NO BLANK LINE AT START OF "),
                   fortran::characters(cmn.LINE.first(80)));
 }
 

@@ -41,19 +41,20 @@ int transfer_label(Loads& loads, int v) {
 }
 
 // The count's record is written before the count is checked.
-int transfer_pile_count(Loads& loads, int v, int& NLP) {
+int transfer_pile_count(Loads& loads, int v, int& NLP, DeckPlace& place) {
     if (const int fault = loads.in.read_record(RecordId::loaded_piles, v)) return fault;
     NLP = loads.in.integer(1);
+    place = loads.in.place(1);
     RecordBuilder(loads.file).add(NLP).write();
     return no_fault;
 }
 
-int check_pile_count(DeckReader& in, int v, int NLP) {
+int check_pile_count(DeckReader& in, int v, int NLP, const DeckPlace& place) {
     const Store& cmn = in.cmn;
     if (NLP >= 1 && NLP <= cmn.NUMPIL) return no_fault;
     return in.reject(
-        "(/,' **** SR/LOADS : NUMBER OF LOADED PILES ERROR',/,' VECTOR,PILES,MAX=',3i5)", v, NLP,
-        cmn.NUMPIL);
+        place, "(/,' **** SR/LOADS : NUMBER OF LOADED PILES ERROR',/,' VECTOR,PILES,MAX=',3i5)", v,
+        NLP, cmn.NUMPIL);
 }
 
 // 100 v + i, which makes the location code of a pile's record.
@@ -69,6 +70,7 @@ int transfer_pile(Loads& loads, int v, int i, double F) {
     const int NP = in.integer(1);
     if (NP < 1 || NP > cmn.NUMPIL) {
         return in.reject(
+            in.place(1),
             "(/,' **** SR/LOADS : PILE NUMBER ERROR FOR PILE WITH LOAD','ING',/,' VECTOR,NUM,PILE,MAX=',4i5)",
             v, i, NP, cmn.NUMPIL);
     }
@@ -85,12 +87,13 @@ int transfer_pile(Loads& loads, int v, int i, double F) {
 int transfer_vector(Loads& loads, int v) {
     DeckReader& in = loads.in;
     int NLP = 0;
+    DeckPlace count_place;
     if (const int fault = transfer_label(loads, v)) return fault;
-    if (const int fault = transfer_pile_count(loads, v, NLP)) return fault;
+    if (const int fault = transfer_pile_count(loads, v, NLP, count_place)) return fault;
     if (const int fault = in.read_record(RecordId::load_factor, v)) return fault;
     const double F = in.VAR(1);
     if (const int fault = read_text_line(in, saturated_sum(table_heading, v))) return fault;
-    if (const int fault = check_pile_count(in, v, NLP)) return fault;
+    if (const int fault = check_pile_count(in, v, NLP, count_place)) return fault;
     for (int i = 1; i <= NLP; ++i) {
         if (const int fault = transfer_pile(loads, v, i, F)) return fault;
     }

@@ -2,6 +2,7 @@
 #include "output/save.hpp"
 
 #include "compute/section_properties.hpp"
+#include "model/report_error.hpp"
 #include "output/plot_file.hpp"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ using NodeValues = Table2<double, limits::node_components, limits::pile_nodes>;
 
 constexpr int spring_code = 1;
 constexpr int force_code = 2;
+constexpr int displacement_code = 3;
 constexpr int temperature_code = 4;
 
 // What the records of one run of save share.
@@ -90,8 +92,8 @@ bool collect_special_values(Store& cmn, int np, int nodes) {
         const int ND1 = cmn.ISPNOD(3, r);
         const int ND2 = cmn.ISPNOD(4, r);
         if (ND2 > nodes) {
-            cmn.runtime.write(
-                cmn.NF6,
+            report_error(
+                cmn, cmn.NF6, cmn.ISPNOD_place(r),
                 "(/,' **** SPECIAL NODE VALUES PROBLEM',/,' PILE, NODE, MAX ALLOWED NODE =',3i5)",
                 np, ND2, nodes);
             cmn.IERR = 1;
@@ -106,6 +108,16 @@ bool collect_special_values(Store& cmn, int np, int nodes) {
     return true;
 }
 
+// The line of the record that gave a pile its displacements.
+DeckPlace place_of_displacements(const Store& cmn, int np) {
+    DeckPlace place;
+    for (int r = 1; r <= cmn.NUMSPC; ++r) {
+        if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
+        if (cmn.ISPCOD(r) == displacement_code) place.line = cmn.ISPNOD_place(r).line;
+    }
+    return place;
+}
+
 // Soil displacements act on a dummy pile only through springs at its node.
 bool check_dummy_pile(Store& cmn, int np) {
     if (cmn.NELP(np) != 0) return true;
@@ -113,8 +125,8 @@ bool check_dummy_pile(Store& cmn, int np) {
     const double displacements =
         std::fabs(cmn.VNOD3(1, 1)) + std::fabs(cmn.VNOD3(2, 1)) + std::fabs(cmn.VNOD3(3, 1));
     if (springs > cmn.TOL || displacements < cmn.TOL) return true;
-    cmn.runtime.write(
-        cmn.NF6,
+    report_error(
+        cmn, cmn.NF6, place_of_displacements(cmn, np),
         "(/,' **** SPECIAL NODE VALUES PROBLEM',/,' SOIL DISPL WERE GIVEN AT DUMMY PILE =',i5,/,3e12.4)",
         np, cmn.VNOD3(1, 1), cmn.VNOD3(2, 1), cmn.VNOD3(3, 1));
     cmn.IERR = 2;

@@ -102,8 +102,31 @@ TEST_F(DeckReaderTest, IntegerIsTheNearestOne) {
 }
 
 TEST_F(DeckReaderTest, RejectWritesItsMessage) {
-    EXPECT_EQ(in.reject("(' bad',2i5)", 3, -4), cause::bad_value);
+    EXPECT_EQ(in.reject({}, "(' bad',2i5)", 3, -4), cause::bad_value);
     EXPECT_EQ(log(), " bad    3   -4\n");
+}
+
+TEST_F(DeckReaderTest, TheFirstRejectionIsTheFaultOfTheRun) {
+    EXPECT_EQ(in.reject({.line = 4, .column = 2}, "(/,' bad',i5)", 3), cause::bad_value);
+    EXPECT_EQ(in.reject({.line = 5}, "(' worse')"), cause::bad_value);
+    EXPECT_EQ(cmn().fault.message, "\n bad    3");
+    EXPECT_EQ(cmn().fault.file, "KORVAT.INP");
+    EXPECT_EQ(cmn().fault.place, (DeckPlace{.line = 4, .column = 2}));
+    EXPECT_EQ(log(), "\n bad    3\n worse\n");
+}
+
+// The second record starts on line 2 and goes on over lines 3 and 4.
+TEST_F(DeckReaderTest, APlaceIsThatOfTheValue) {
+    give_copy("7\n2 0 -1 4\n 5.0 6.0\n  7.0 8.0 9.0\n");
+    EXPECT_EQ(in.read_record(RecordId::loaded_piles, 1), no_fault);
+    EXPECT_EQ(in.place(1), (DeckPlace{.line = 1, .column = 1}));
+    EXPECT_EQ(in.read_record(RecordId::pile_geometry, 1), no_fault);
+    EXPECT_EQ(in.place(1), (DeckPlace{.line = 2, .column = 1}));
+    EXPECT_EQ(in.place(4), (DeckPlace{.line = 2, .column = 8}));
+    EXPECT_EQ(in.place(5), (DeckPlace{.line = 3, .column = 2}));
+    EXPECT_EQ(in.place(9), (DeckPlace{.line = 4, .column = 11}));
+    EXPECT_EQ(in.place(10), (DeckPlace{.line = 4})); // there is none: the last line
+    EXPECT_EQ(in.line_place(), (DeckPlace{.line = 4}));
 }
 
 } // namespace
