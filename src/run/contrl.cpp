@@ -4,6 +4,7 @@
 #include "compute/build.hpp"
 #include "input/echo.hpp"
 #include "model/readpi.hpp"
+#include "model/report_error.hpp"
 #include "output/loads.hpp"
 #include "output/printpil.hpp"
 #include "output/save.hpp"
@@ -14,6 +15,8 @@
 #include "run/scratch_files.hpp"
 #include "run/time_stamp.hpp"
 
+#include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -34,9 +37,9 @@ struct Run {
     const Steps& steps;
     Identification texts;
     fortran::Text<50> EXMSG;
-    std::optional<RecordFile> pile_file;
-    std::optional<RecordFile> load_file;
-    TimeFields listing_time; // of the listing's stamp, shown in its page headers
+    std::optional<RecordFile> pile_file; // PILE.07
+    std::optional<RecordFile> load_file; // LOAD.09
+    TimeFields listing_time;             // of the listing's stamp, shown in its page headers
 };
 
 void write_start_stamp(Store& cmn, int unit, TimeFields& ITIME) {
@@ -49,7 +52,9 @@ int open_with_backup(Store& cmn, int unit, const std::string& name) {
     const std::string backup = name + ".bak";
     platform::remove_file(backup);
     platform::rename_file(name, backup);
-    return cmn.runtime.open(unit, name, OpenStatus::new_file);
+    const int error = cmn.runtime.open(unit, name, OpenStatus::new_file);
+    if (error == 0) cmn.outputs.push_back(name);
+    return error;
 }
 
 void open_message_log(Run& run) {
@@ -89,14 +94,16 @@ void set_constants(Run& run) {
 
 // Writes the error line of a failed open or step; the run takes the error exit.
 bool fail(Run& run, std::string_view format) {
-    run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
+    report_error(run.cmn, run.cmn.NF6, {}, format, run.cmn.IERR);
     return false;
 }
 
 // A record file that cannot be created is reported, and its records are discarded.
 RecordFile create_record_file(Run& run, const std::string& name, std::string_view format) {
     try {
-        return open_record_file(name);
+        RecordFile file = open_record_file(name);
+        run.cmn.outputs.push_back(name);
+        return file;
     } catch (const std::exception&) {
         run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
         return {};
@@ -114,6 +121,7 @@ bool open_files(Run& run) {
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF13, "KORVAT.LIS");
     if (cmn.IERR != 0) {
+        cmn.fault.file = "KORVAT.LIS";
         return fail(run, "(/,' **** SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=',i5)");
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF14, "PILEPLOT.TXT"); // not tested
@@ -215,10 +223,25 @@ bool save_loads(Run& run) {
     return true;
 }
 
+void close_record_file(Run& run, std::optional<RecordFile>& file, const std::string& name) {
+    if (!file) return;
+    const int error = file->close();
+    file.reset();
+    if (error != 0) run.cmn.lost_records.push_back({name, error});
+}
+
+void close_load_file(Run& run) {
+    close_record_file(run, run.load_file, "LOAD.09");
+}
+
+void close_pile_file(Run& run) {
+    close_record_file(run, run.pile_file, "PILE.07");
+}
+
 // Reached from every path. IERR keeps the failing step's code.
 void close_run(Run& run) {
     Store& cmn = run.cmn;
-    run.load_file.reset();
+    close_load_file(run);
     for (const int unit : {cmn.NF11, cmn.NF12, cmn.NF13, cmn.NF14}) {
         cmn.runtime.close(unit);
     }
@@ -226,7 +249,7 @@ void close_run(Run& run) {
     if (cmn.NUMLOD > 0) cmn.runtime.close(cmn.NF14);
     remove_scratch_files();
     cmn.runtime.write(cmn.NF6, "(1x,a)", run.EXMSG);
-    run.pile_file.reset();
+    close_pile_file(run);
 }
 
 bool run_steps(Run& run) {
@@ -259,11 +282,29 @@ int contrl(Store& cmn, const Steps& steps) {
             .pile_file = {},
             .load_file = {},
             .listing_time = {}};
-    open_message_log(run);
-    set_constants(run);
-    if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");
-    close_run(run);
+    try {
+        open_message_log(run);
+        set_constants(run);
+        if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");
+        close_run(run);
+    } catch (...) {
+        close_load_file(run);
+        close_pile_file(run);
+        throw;
+    }
     return cmn.IERR;
+}
+
+std::vector<fortran::WriteFault> close_outputs(Store& cmn) {
+    cmn.runtime.close_all();
+    std::vector<fortran::WriteFault> lost = cmn.runtime.write_faults();
+    lost.insert(lost.end(), cmn.lost_records.begin(), cmn.lost_records.end());
+    for (const std::string& name : cmn.outputs) {
+        const auto is_name = [&](const fortran::WriteFault& fault) { return fault.file == name; };
+        if (std::ranges::any_of(lost, is_name)) continue;
+        if (!platform::file_exists(name)) lost.push_back({name, ENOENT});
+    }
+    return lost;
 }
 
 } // namespace korvat

@@ -7,6 +7,7 @@
 #include "run/time_stamp.hpp"
 
 #include <span>
+#include <vector>
 
 namespace korvat {
 
@@ -28,8 +29,13 @@ struct Steps {
 
 // Runs the steps in the current directory until one fails; then closes the files, removes the
 // runtime's scratch files and writes the exit line. Returns IERR, the failing step's code. The
-// message log stays open until the store goes. What a step throws, the runtime's stop among it,
-// passes through without any closing step.
+// message log stays open. What a step throws, the runtime's stop among it, passes through; only the
+// record files are closed before.
 int contrl(Store& cmn, const Steps& steps);
+
+// Closes every unit and asks each output of the run whether all of it was written, whether it was
+// closed without an error and whether it is still there under its name. Returns those that failed;
+// also after an exception has left contrl. The store can only be destroyed then.
+[[nodiscard]] std::vector<fortran::WriteFault> close_outputs(Store& cmn);
 
 } // namespace korvat

@@ -3,30 +3,56 @@
 
 #include "platform/taskbar_button.hpp"
 #include "run/contrl.hpp"
+#include "run/report.hpp"
 
+#include <exception>
 #include <memory>
+#include <new>
+#include <vector>
 
 namespace korvat {
 namespace {
 
 constexpr int registration_failed = 1;
 constexpr int exception_escaped = -1;
+constexpr int output_lost = -1;
 
-int run_on_fresh_store(int argc, const char* const* argv) {
+// Runs the driver. What escapes it is told in `exception`, the runtime's stop as well.
+int run_driver(Store& cmn, std::string& exception) {
+    try {
+        return contrl(cmn, program_steps());
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& escaped) {
+        exception = escaped.what();
+    } catch (...) {
+        exception = "unknown exception";
+    }
+    return exception_escaped;
+}
+
+RunEnd run_on_fresh_store(int argc, const char* const* argv) {
     const auto cmn = std::make_unique<Store>(argc, argv);
-    contrl(*cmn, program_steps());
-    return cmn->IERR;
+    std::string exception;
+    RunEnd end{.exit_code = run_driver(*cmn, exception)};
+    const std::vector<fortran::WriteFault> lost = close_outputs(*cmn);
+    if (!lost.empty()) end.exit_code = output_lost;
+    if (end.exit_code != 0) end.report = run_report(*cmn, lost, exception);
+    return end;
 }
 
 } // namespace
 
-int run_program(int argc, const char* const* argv) {
-    const auto button = platform::show_taskbar_button();
-    if (!button) return registration_failed;
+RunEnd run_program(int argc, const char* const* argv) {
     try {
+        const auto button = platform::show_taskbar_button();
+        if (!button) {
+            return {.exit_code = registration_failed,
+                    .report = "korvat: Window Registration Failed!\n"};
+        }
         return run_on_fresh_store(argc, argv);
-    } catch (...) {
-        return exception_escaped;
+    } catch (const std::bad_alloc&) {
+        return {.exit_code = exception_escaped, .out_of_memory = true};
     }
 }
 

@@ -127,7 +127,7 @@ TEST_F(RefusedButton, TellsTheUserAndEndsWith1) {
     MessageBoxSeen box;
     const Handle observer(CreateThread(nullptr, 0, answer_message_box, &box, 0, nullptr));
     ASSERT_TRUE(observer.valid());
-    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 1);
     WaitForSingleObject(observer.get(), INFINITE);
     ASSERT_TRUE(box.seen);
     EXPECT_EQ(box.caption, title);

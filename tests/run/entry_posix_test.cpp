@@ -12,7 +12,7 @@ class EntryOnPosix : public RunTest {};
 
 TEST_F(EntryOnPosix, LeavesTheLogClosed) {
     directory.write_file("KORVAT.INP", small_deck);
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     std::size_t open_on_the_log = 0;
     for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd")) {
         std::error_code gone; // the iterator's own

@@ -15,7 +15,7 @@ class Entry : public RunTest {
 protected:
     int run_deck(const std::string& deck) {
         directory.write_file("KORVAT.INP", deck);
-        return run_program(0, nullptr);
+        return run_program(0, nullptr).exit_code;
     }
 };
 
@@ -35,7 +35,7 @@ TEST_F(Entry, ReturnsZeroAfterACleanRun) {
 }
 
 TEST_F(Entry, ReturnsTheCodeOfAFailedOpen) {
-    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 1);
     EXPECT_EQ(log(), std::string(log_start) +
                          "\n **** SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n" +
                          error_exit());
@@ -98,7 +98,7 @@ TEST_F(Entry, RunsAfterAStoppedRun) {
 TEST_F(Entry, IgnoresItsArguments) {
     directory.write_file("KORVAT.INP", deck);
     const char* const arguments[] = {"korvat", "OTHER.INP", "--version"};
-    EXPECT_EQ(run_program(3, arguments), 0);
+    EXPECT_EQ(run_program(3, arguments).exit_code, 0);
 }
 
 TEST_F(Entry, RunsTwiceInOneProcess) {

@@ -27,7 +27,7 @@ int run_without_privileges(const std::string& output_name) {
         const int output = open(output_name.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         if (output < 0 || dup2(output, STDOUT_FILENO) < 0) _exit(not_started);
         if (getuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(not_started);
-        const int code = run_program(0, nullptr);
+        const int code = run_program(0, nullptr).exit_code;
         std::fflush(nullptr);
         _exit(code);
     }

@@ -39,7 +39,7 @@ TEST_F(HeldFiles, AHeldListingIsAnError) {
     directory.write_file("KORVAT.LIS.bak", "oldest");
     const Handle held = hold("KORVAT.LIS", readable);
     ASSERT_TRUE(held.valid());
-    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 1);
     EXPECT_EQ(log(), std::string(log_start) +
                          "\n **** SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=    1\n" +
                          error_exit());
@@ -51,7 +51,7 @@ TEST_F(HeldFiles, AHeldBackupIsAnError) {
     directory.write_file("KORVAT.LIS", "earlier");
     directory.write_file("KORVAT.LIS.bak", "oldest");
     const Handle held = hold("KORVAT.LIS.bak", readable);
-    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 1);
     EXPECT_EQ(directory.read_file("KORVAT.LIS"), "earlier");
     EXPECT_EQ(directory.read_file("KORVAT.LIS.bak"), "oldest");
 }
@@ -59,14 +59,14 @@ TEST_F(HeldFiles, AHeldBackupIsAnError) {
 TEST_F(HeldFiles, AHeldBackupWithoutAListingDoesNoHarm) {
     directory.write_file("KORVAT.LIS.bak", "oldest");
     const Handle held = hold("KORVAT.LIS.bak", readable);
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     EXPECT_EQ(directory.read_file("KORVAT.LIS.bak"), "oldest");
 }
 
 TEST_F(HeldFiles, AHeldPlotFileIsNotReported) {
     directory.write_file("PILEPLOT.TXT", "earlier");
     const Handle held = hold("PILEPLOT.TXT", readable);
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     EXPECT_EQ(log(), std::string(log_start) + log_of_small_deck());
     EXPECT_EQ(directory.read_file("PILEPLOT.TXT"), "earlier");
 }
@@ -75,14 +75,14 @@ TEST_F(HeldFiles, AHeldPlotFileIsNotReported) {
 TEST_F(HeldFiles, AReadPileFileIsWritten) {
     directory.write_file("PILE.07", "earlier");
     const Handle held = hold("PILE.07", readable);
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     EXPECT_GT(directory.read_file("PILE.07").size(), no_records.size());
 }
 
 TEST_F(HeldFiles, ALockedPileFileIsReported) {
     directory.write_file("PILE.07", "earlier");
     const Handle held = hold("PILE.07", FILE_SHARE_READ);
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     EXPECT_EQ(log(), std::string(log_start) +
                          "\n **** SR/CONTRL  FILE PILE.O7 OPEN PROBLEM  IERR=    0\n" +
                          log_of_small_deck());
@@ -91,7 +91,7 @@ TEST_F(HeldFiles, ALockedPileFileIsReported) {
 
 TEST_F(HeldFiles, ALockedInputIsAnError) {
     const Handle held = hold("KORVAT.INP", 0);
-    EXPECT_EQ(run_program(0, nullptr), 1);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 1);
     EXPECT_EQ(log(), std::string(log_start) +
                          "\n **** SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n" +
                          error_exit());
@@ -101,7 +101,7 @@ TEST_F(HeldFiles, AHeldLogGoesToStandardOutput) {
     directory.write_file("KORVAT.MLG", "earlier");
     const Handle held = hold("KORVAT.MLG", readable);
     testing::internal::CaptureStdout();
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     EXPECT_EQ(mask_log(testing::internal::GetCapturedStdout()),
               std::string(log_start) + log_of_small_deck());
     EXPECT_EQ(directory.read_file("KORVAT.MLG"), "earlier");
@@ -109,7 +109,7 @@ TEST_F(HeldFiles, AHeldLogGoesToStandardOutput) {
 
 // A file that is open cannot be renamed.
 TEST_F(HeldFiles, TheRunLeavesNoFileOpen) {
-    EXPECT_EQ(run_program(0, nullptr), 0);
+    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
     for (const std::string& name : directory.list()) {
         EXPECT_TRUE(MoveFileA(name.c_str(), (name + ".moved").c_str())) << name;
     }

@@ -15,6 +15,11 @@ bool rename_file(const std::string& from, const std::string& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
+bool file_exists(const std::string& name) {
+    std::error_code ignored;
+    return std::filesystem::exists(name, ignored);
+}
+
 std::vector<std::string> directory_entries(const std::string& path) {
     std::vector<std::string> names;
     try {

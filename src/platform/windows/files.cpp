@@ -17,6 +17,11 @@ bool rename_file(const std::string& from, const std::string& to) {
     return _wrename(wide_text(from).c_str(), wide_text(to).c_str()) == 0;
 }
 
+bool file_exists(const std::string& name) {
+    std::error_code ignored;
+    return std::filesystem::exists(wide_text(name), ignored);
+}
+
 std::vector<std::string> directory_entries(const std::string& path) {
     std::vector<std::string> names;
     try {

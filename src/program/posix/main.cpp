@@ -1,6 +1,8 @@
 // Program entry.
-#include "run/entry.hpp"
+#include "platform/posix/signals.hpp"
+#include "program/tell.hpp"
 
 int main(int argc, char** argv) {
-    return korvat::run_program(argc, argv);
+    korvat::platform::take_write_signals_as_errors();
+    return korvat::tell(korvat::run_program(argc, argv));
 }

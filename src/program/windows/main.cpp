@@ -1,6 +1,6 @@
 // Program entry.
 #include "platform/windows/text.hpp"
-#include "run/entry.hpp"
+#include "program/tell.hpp"
 
 #include <cstdlib>
 #include <string>
@@ -18,5 +18,5 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     for (const std::string& text : texts) {
         arguments.push_back(text.c_str());
     }
-    return korvat::run_program(__argc, arguments.data());
+    return korvat::tell(korvat::run_program(__argc, arguments.data()));
 }
