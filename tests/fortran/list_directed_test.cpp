@@ -280,5 +280,42 @@ TEST(ListDirected, IntegersAndRealsMix) {
     EXPECT_EQ(fourth, 4.5);
 }
 
+struct Place {
+    int line;
+    int column;
+
+    friend bool operator==(const Place&, const Place&) = default;
+};
+
+// The place of each integer of the lines, in order, a refused one as well.
+std::vector<Place> places_in(const Texts& lines) {
+    ListDirected list;
+    std::vector<Place> places;
+    std::size_t given = 0;
+    for (int value = 0;;) {
+        if (list.take(value) != is_end) {
+            const ListDirected::Position position = list.last_position();
+            places.push_back({position.line, position.column});
+        } else if (given < lines.size()) {
+            list.add_line(lines[given++]);
+        } else {
+            return places;
+        }
+    }
+}
+
+TEST(ListDirectedPosition, IsTheLineAndTheColumnOfTheValue) {
+    EXPECT_EQ(places_in({"1 22,  -3", "", "\t4"}),
+              (std::vector<Place>{{0, 1}, {0, 3}, {0, 8}, {2, 2}}));
+}
+
+TEST(ListDirectedPosition, OfARefusedValueIsItsOwn) {
+    EXPECT_EQ(places_in({" 1", "  x 2"}), (std::vector<Place>{{0, 2}, {1, 3}, {1, 5}}));
+}
+
+TEST(ListDirectedPosition, OfAnEmptyValueIsTheComma) {
+    EXPECT_EQ(places_in({"1, ,2"}), (std::vector<Place>{{0, 1}, {0, 4}, {0, 5}}));
+}
+
 } // namespace
 } // namespace korvat::test

@@ -1,8 +1,12 @@
 // Units of the runtime: open file descriptors, and a current directory that is gone (POSIX).
 #include "runtime_fixture.hpp"
+#include "support/file_size_limit.hpp"
 
+#include <cerrno>
 #include <filesystem>
 #include <iterator>
+#include <utility>
+#include <vector>
 
 namespace korvat::test {
 namespace {
@@ -44,6 +48,78 @@ TEST_F(UnitsOnPosix, AScratchFileThatCannotBeMadeRaises) {
     runtime().write(12, "(' text')");
     runtime().rewind(12);
     EXPECT_EQ(next(12), " text   ");
+}
+
+using Faults = std::vector<std::pair<std::string, int>>;
+
+Faults faults_of(const Runtime& runtime) {
+    Faults faults;
+    for (const fortran::WriteFault& fault : runtime.write_faults())
+        faults.emplace_back(fault.file, fault.error);
+    return faults;
+}
+
+TEST_F(UnitsOnPosix, AFileThatIsWrittenWholeIsNoFault) {
+    ASSERT_EQ(runtime().open(13, "out", OpenStatus::new_file), 0);
+    runtime().write(13, "(' text')");
+    runtime().write(0, "()");
+    EXPECT_TRUE(runtime().wrote_all(13));
+    runtime().close_all();
+    EXPECT_EQ(faults_of(runtime()), Faults{});
+    EXPECT_EQ(directory.read_file("out"), " text\n");
+}
+
+// The record of 11 bytes does not fit, so that 10 are written; what comes later does not heal it.
+TEST_F(UnitsOnPosix, AFailedWriteIsKeptOnceWithItsReason) {
+    ASSERT_EQ(runtime().open(13, "out", OpenStatus::new_file), 0);
+    {
+        const FileSizeLimit limit(10);
+        EXPECT_NO_THROW(runtime().write(13, "('0123456789')"));
+        EXPECT_FALSE(runtime().wrote_all(13));
+        EXPECT_TRUE(runtime().wrote_all(14));
+        EXPECT_NO_THROW(runtime().write(13, "('more')"));
+    }
+    runtime().close(13);
+    EXPECT_EQ(faults_of(runtime()), (Faults{{"out", EFBIG}}));
+    EXPECT_EQ(directory.read_file("out").substr(0, 10), "0123456789");
+}
+
+TEST_F(UnitsOnPosix, EveryFaultyFileIsKept) {
+    ASSERT_EQ(runtime().open(6, "log", OpenStatus::new_file), 0);
+    ASSERT_EQ(runtime().open(13, "listing", OpenStatus::new_file), 0);
+    const FileSizeLimit limit(1);
+    runtime().write(13, "('ab')");
+    runtime().write(12, "('ab')");
+    runtime().write(6, "('ab')");
+    runtime().close_all();
+    EXPECT_EQ(faults_of(runtime()),
+              (Faults{{"listing", EFBIG}, {"fem_io_unit_012", EFBIG}, {"log", EFBIG}}));
+}
+
+// A device that is always full; it cannot be cut either, which the runtime does before it writes.
+TEST_F(UnitsOnPosix, AFileThatCannotBeCutRaisesAndIsKept) {
+    ASSERT_EQ(runtime().open(13, "/dev/full", OpenStatus::old_file), 0);
+    EXPECT_THROW(runtime().write(13, "(' text')"), std::exception);
+    EXPECT_EQ(faults_of(runtime()), (Faults{{"/dev/full", EINVAL}}));
+}
+
+TEST_F(UnitsOnPosix, AScratchFileThatCannotBeMadeIsKeptWithItsReason) {
+    std::filesystem::create_directory("gone");
+    std::filesystem::current_path("gone");
+    std::filesystem::remove(directory.path() / "gone");
+    EXPECT_THROW(runtime().rewind(12), std::exception);
+    std::filesystem::current_path(directory.path());
+    EXPECT_EQ(faults_of(runtime()), (Faults{{"fem_io_unit_012", ENOENT}}));
+}
+
+// Closing everything twice is harmless, and the runtime that goes has nothing left to close.
+TEST_F(UnitsOnPosix, CloseAllLeavesNothing) {
+    ASSERT_EQ(runtime().open(6, "log", OpenStatus::new_file), 0);
+    runtime().write(6, "(' text')");
+    runtime().close_all();
+    runtime().close_all();
+    end_runtime();
+    EXPECT_EQ(directory.read_file("log"), " text\n");
 }
 
 } // namespace

@@ -137,5 +137,20 @@ TEST(Getnum, TokenIsJudgedAsCutAt50Characters) {
     EXPECT_EQ(numbers_of(std::string(48, '0') + "1e5").IERR, -1);
 }
 
+// NUL characters are skipped before a number, and one inside belongs to it.
+TEST(PositionOfNumber, IsThatOfItsFirstCharacter) {
+    EXPECT_EQ(position_of_number("1  22 x3", 1), 0U);
+    EXPECT_EQ(position_of_number("1  22 x3", 2), 3U);
+    EXPECT_EQ(position_of_number("1  22 x3", 3), 6U);
+    EXPECT_EQ(position_of_number("\0 \0001\0002 3"sv, 1), 3U);
+    EXPECT_EQ(position_of_number("\0 \0001\0002 3"sv, 2), 7U);
+}
+
+TEST(PositionOfNumber, IsNoneBehindTheLastNumber) {
+    EXPECT_EQ(position_of_number("1  22 ", 3), std::string_view::npos);
+    EXPECT_EQ(position_of_number("  ", 1), std::string_view::npos);
+    EXPECT_EQ(position_of_number("", 2), std::string_view::npos);
+}
+
 } // namespace
 } // namespace korvat::test

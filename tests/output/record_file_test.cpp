@@ -212,5 +212,16 @@ TEST(RecordFileWriter, OnDisk) {
                  std::runtime_error);
 }
 
+TEST(RecordFileWriter, ClosedFileEndsOnce) {
+    std::string bytes;
+    {
+        RecordFile file(std::make_shared<KeptBytes>(bytes));
+        EXPECT_EQ(file.close(), 0);
+        EXPECT_EQ(file.close(), 0);
+    }
+    EXPECT_EQ(bytes, "K\x82"s);
+    EXPECT_EQ(RecordFile().close(), 0);
+}
+
 } // namespace
 } // namespace korvat::test

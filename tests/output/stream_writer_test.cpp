@@ -41,5 +41,14 @@ TEST(StreamWriter, ThrowsWhereTheFileCannotBeOpened) {
     EXPECT_TRUE(directory.list().empty());
 }
 
+TEST(StreamWriter, CloseTellsThatAllWasWritten) {
+    const ScratchDirectory directory;
+    StreamWriter writer((directory.path() / "out").string());
+    writer.Write("bytes"s);
+    EXPECT_EQ(writer.Close(), 0);
+    EXPECT_EQ(directory.read_file("out"), "bytes");
+    EXPECT_EQ(writer.Close(), 0);
+}
+
 } // namespace
 } // namespace korvat::test

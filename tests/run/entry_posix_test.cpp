@@ -2,6 +2,7 @@
 #include "run_fixture.hpp"
 
 #include "run/entry.hpp"
+#include "support/file_size_limit.hpp"
 
 #include <filesystem>
 
@@ -20,6 +21,19 @@ TEST_F(EntryOnPosix, LeavesTheLogClosed) {
         if (file.filename() == "KORVAT.MLG") ++open_on_the_log;
     }
     EXPECT_EQ(open_on_the_log, 0U);
+}
+
+// The log is longer, and so is the copy of the deck, which is then not read back.
+TEST_F(EntryOnPosix, ReportsTheFilesThatCouldNotBeWrittenWhole) {
+    directory.write_file("KORVAT.INP", small_deck);
+    RunEnd end;
+    {
+        const FileSizeLimit limit(1000);
+        end = run_program(0, nullptr);
+    }
+    EXPECT_EQ(end.exit_code, -1);
+    EXPECT_EQ(end.report, "korvat: cannot write KORVAT.MLG: File too large\n"
+                          "korvat: cannot write fem_io_unit_012: File too large\n");
 }
 
 } // namespace

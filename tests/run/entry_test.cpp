@@ -109,5 +109,40 @@ TEST_F(Entry, RunsTwiceInOneProcess) {
     EXPECT_GT(first.size(), no_records.size());
 }
 
+TEST_F(Entry, ReportsNothingAfterACleanRun) {
+    directory.write_file("KORVAT.INP", deck);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.report, "");
+    EXPECT_FALSE(end.out_of_memory);
+}
+
+TEST_F(Entry, ReportsTheFirstErrorOfARun) {
+    const std::string commented = with_change(deck, "One pile\n", "One pile\n* one\n* two\n");
+    directory.write_file("KORVAT.INP",
+                         with_change(commented, " 1 1 1 10.0 2\n", " 1 1 9 10.0 2\n"));
+    EXPECT_EQ(run_program(0, nullptr).report,
+              "korvat: KORVAT.INP:26: SR/READPI : SEGMENT ERROR  NUM,IERR=    1    4\n"
+              " 1 1 9 10.0 2\n"
+              "     ^\n"
+              "see KORVAT.MLG\n");
+}
+
+TEST_F(Entry, ReportsAStop) {
+    directory.write_file("KORVAT.INP",
+                         with_change(deck, "One pile\n", "One pile\nKORVAT Version: 2006-06-32\n"));
+    EXPECT_EQ(run_program(0, nullptr).report,
+              "korvat: KORVAT.INP:2: Error message from SR/GetRevision: Non-accepted date: "
+              "Year-Month-Day= 2006-06-32 KORVAT Version: 2006-06-32\n"
+              "KORVAT Version: 2006-06-32\n"
+              "                ^\n"
+              "see KORVAT.MLG\n");
+}
+
+TEST_F(Entry, ReportsAMissingDeck) {
+    EXPECT_EQ(run_program(0, nullptr).report,
+              "korvat: KORVAT.INP: SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n"
+              "see KORVAT.MLG\n");
+}
+
 } // namespace
 } // namespace korvat::test
