@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <stdexcept>
 
 namespace korvat::test {
@@ -18,8 +17,9 @@ namespace {
 
 const std::filesystem::path deck_name = "KORVAT.INP";
 constexpr std::string_view standard_error_name = "standard-error";
-constexpr std::array<std::string_view, 3> control_files = {"exit-code", "outputs",
-                                                           standard_error_name};
+constexpr std::string_view standard_output_name = "standard-output";
+constexpr std::array<std::string_view, 4> control_files = {
+    "exit-code", "outputs", standard_error_name, standard_output_name};
 
 // Blanks at the end of a line as middle dots, bytes that do not print as their numbers.
 std::string visible(std::string_view line) {
@@ -80,13 +80,26 @@ void compare_file(const std::filesystem::path& expected, CaseResult& result) {
     if (!difference.empty()) result.differences.push_back(name + ", " + difference);
 }
 
-// Standard error is text: on Windows its lines end with CR LF. Compared where the case tells it.
-void compare_standard_error(const std::filesystem::path& expected, CaseResult& result) {
-    if (!std::filesystem::exists(expected)) return;
-    std::string found = result.standard_error;
-    std::erase(found, '\r');
-    const std::string difference = text_difference(found, read_whole_file(expected));
-    if (!difference.empty()) result.differences.push_back("standard error, " + difference);
+// The standard streams are text: on Windows their lines end with CR LF.
+std::string without_returns(std::string text) {
+    std::erase(text, '\r');
+    return text;
+}
+
+// Without an expected file a stream stays empty.
+void compare_stream(const std::string& name, const std::string& found,
+                    const std::filesystem::path& expected, CaseResult& result) {
+    const std::string due = std::filesystem::exists(expected) ? read_whole_file(expected) : "";
+    const std::string difference = text_difference(found, due);
+    if (!difference.empty()) result.differences.push_back(name + ", " + difference);
+}
+
+// Without a log its lines go to standard output.
+void compare_streams(const std::filesystem::path& expected_dir, CaseResult& result) {
+    compare_stream("standard error", without_returns(result.standard_error),
+                   expected_dir / standard_error_name, result);
+    compare_stream("standard output", mask_log(without_returns(result.standard_output)),
+                   expected_dir / standard_output_name, result);
 }
 
 std::vector<std::filesystem::path> sorted_entries(const std::filesystem::path& directory) {
@@ -103,6 +116,30 @@ void check_streams(CaseResult& result) {
     const bool reported = result.standard_error.find("Sanitizer") != std::string::npos ||
                           result.standard_error.find("runtime error:") != std::string::npos;
     if (reported) result.differences.push_back("standard error:\n" + result.standard_error);
+}
+
+// Names of directories that stand in the way of the program's files; a name may have others above it.
+void make_directories(const std::filesystem::path& list, const ScratchDirectory& directory) {
+    if (!std::filesystem::exists(list)) return;
+    for (const std::string& name : split_lines(read_whole_file(list))) {
+        std::filesystem::create_directories(directory.path() / name);
+    }
+}
+
+CaseResult run_in(const ScratchDirectory& directory, const std::filesystem::path& program) {
+    CaseResult result;
+    ProgramOutput output;
+    result.exit_code = run_program(program, directory.path(), output);
+    result.standard_output = output.standard_output;
+    result.standard_error = output.standard_error;
+    result.outputs = directory.list();
+    for (const std::string& name : result.outputs) {
+        if (std::filesystem::is_regular_file(directory.path() / name)) {
+            result.files[name] = directory.read_file(name);
+        }
+    }
+    check_streams(result);
+    return result;
 }
 
 } // namespace
@@ -123,25 +160,16 @@ int expected_exit_code(const std::filesystem::path& case_dir) {
 CaseResult run_deck(const std::filesystem::path& program, const std::string* deck) {
     const ScratchDirectory directory;
     if (deck != nullptr) directory.write_file(deck_name.string(), *deck);
-    CaseResult result;
-    ProgramOutput output;
-    result.exit_code = run_program(program, directory.path(), output);
-    result.standard_output = output.standard_output;
-    result.standard_error = output.standard_error;
-    result.outputs = directory.list();
-    for (const std::string& name : result.outputs) {
-        if (std::filesystem::is_regular_file(directory.path() / name)) {
-            result.files[name] = directory.read_file(name);
-        }
-    }
-    check_streams(result);
-    return result;
+    return run_in(directory, program);
 }
 
 CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir) {
-    std::optional<std::string> deck;
-    if (std::filesystem::exists(case_dir / deck_name)) deck = read_whole_file(case_dir / deck_name);
-    CaseResult result = run_deck(program, deck ? &*deck : nullptr);
+    const ScratchDirectory directory;
+    make_directories(case_dir / "directories", directory);
+    if (std::filesystem::exists(case_dir / deck_name)) {
+        std::filesystem::copy_file(case_dir / deck_name, directory.path() / deck_name);
+    }
+    CaseResult result = run_in(directory, program);
     const int exit_code = expected_exit_code(case_dir);
     if (result.exit_code != exit_code) {
         result.differences.push_back("exit code " + std::to_string(result.exit_code) + ", not " +
@@ -152,7 +180,10 @@ CaseResult run_case(const std::filesystem::path& program, const std::filesystem:
         result.differences.push_back("files left: " + joined(result.outputs) +
                                      "\n  expected:   " + joined(outputs));
     }
-    compare_standard_error(case_dir / "expected" / standard_error_name, result);
+    if (exit_code != 0 && !std::filesystem::exists(case_dir / "expected" / standard_error_name)) {
+        result.differences.emplace_back("the case has no expected standard error");
+    }
+    compare_streams(case_dir / "expected", result);
     for (const std::filesystem::path& expected : sorted_entries(case_dir / "expected")) {
         const std::string name = expected.filename().string();
         const bool control =

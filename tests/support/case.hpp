@@ -26,6 +26,9 @@ std::vector<std::filesystem::path> case_folders(const std::filesystem::path& dir
 // Runs the program in a fresh directory that holds the deck and nothing else. Without a deck the
 // directory is empty.
 CaseResult run_deck(const std::filesystem::path& program, const std::string* deck);
+
+// Runs the program on the deck of a case, if it has one, among the directories that its file
+// "directories" names, and compares with its folder "expected".
 CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir);
 
 int expected_exit_code(const std::filesystem::path& case_dir);
