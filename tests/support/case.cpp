@@ -118,6 +118,19 @@ void check_streams(CaseResult& result) {
     if (reported) result.differences.push_back("standard error:\n" + result.standard_error);
 }
 
+std::vector<std::filesystem::path> folders_of_cases(const std::filesystem::path& directory,
+                                                    bool with_fault) {
+    std::vector<std::filesystem::path> folders;
+    if (!std::filesystem::is_directory(directory)) return folders;
+    for (const std::filesystem::path& entry : sorted_entries(directory)) {
+        const bool has_fault = std::filesystem::exists(entry / "fault");
+        if (std::filesystem::is_directory(entry / "expected") && has_fault == with_fault) {
+            folders.push_back(entry);
+        }
+    }
+    return folders;
+}
+
 // Names of directories that stand in the way of the program's files; a name may have others above it.
 void make_directories(const std::filesystem::path& list, const ScratchDirectory& directory) {
     if (!std::filesystem::exists(list)) return;
@@ -145,12 +158,11 @@ CaseResult run_in(const ScratchDirectory& directory, const std::filesystem::path
 } // namespace
 
 std::vector<std::filesystem::path> case_folders(const std::filesystem::path& directory) {
-    std::vector<std::filesystem::path> folders;
-    if (!std::filesystem::is_directory(directory)) return folders;
-    for (const std::filesystem::path& entry : sorted_entries(directory)) {
-        if (std::filesystem::is_directory(entry / "expected")) folders.push_back(entry);
-    }
-    return folders;
+    return folders_of_cases(directory, false);
+}
+
+std::vector<std::filesystem::path> fault_case_folders(const std::filesystem::path& directory) {
+    return folders_of_cases(directory, true);
 }
 
 int expected_exit_code(const std::filesystem::path& case_dir) {
@@ -163,13 +175,14 @@ CaseResult run_deck(const std::filesystem::path& program, const std::string* dec
     return run_in(directory, program);
 }
 
-CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir) {
-    const ScratchDirectory directory;
+void lay_out_case(const std::filesystem::path& case_dir, const ScratchDirectory& directory) {
     make_directories(case_dir / "directories", directory);
     if (std::filesystem::exists(case_dir / deck_name)) {
         std::filesystem::copy_file(case_dir / deck_name, directory.path() / deck_name);
     }
-    CaseResult result = run_in(directory, program);
+}
+
+void compare_with_case(const std::filesystem::path& case_dir, CaseResult& result) {
     const int exit_code = expected_exit_code(case_dir);
     if (result.exit_code != exit_code) {
         result.differences.push_back("exit code " + std::to_string(result.exit_code) + ", not " +
@@ -193,6 +206,13 @@ CaseResult run_case(const std::filesystem::path& program, const std::filesystem:
     if (!result.differences.empty() && !result.standard_error.empty()) {
         result.differences.push_back("standard error:\n" + result.standard_error);
     }
+}
+
+CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir) {
+    const ScratchDirectory directory;
+    lay_out_case(case_dir, directory);
+    CaseResult result = run_in(directory, program);
+    compare_with_case(case_dir, result);
     return result;
 }
 

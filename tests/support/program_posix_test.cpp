@@ -50,6 +50,18 @@ TEST(SupportCase, RunsAFolder) {
     EXPECT_EQ(run_case(program, folder).differences.size(), 5U); // with what standard error was
 }
 
+TEST(SupportCase, FaultsOfTheMachineStandApart) {
+    const ScratchDirectory directory;
+    const std::filesystem::path plain = directory.path() / "a";
+    const std::filesystem::path faulty = directory.path() / "b";
+    std::filesystem::create_directories(plain / "expected");
+    std::filesystem::create_directories(faulty / "expected");
+    write_whole_file(faulty / "fault", "read 1 EIO 64\n");
+    std::filesystem::create_directories(directory.path() / "no-case");
+    EXPECT_EQ(case_folders(directory.path()), (std::vector<std::filesystem::path>{plain}));
+    EXPECT_EQ(fault_case_folders(directory.path()), (std::vector<std::filesystem::path>{faulty}));
+}
+
 std::string first_difference(const std::filesystem::path& program,
                              const std::filesystem::path& folder) {
     const CaseResult run = run_case(program, folder);
