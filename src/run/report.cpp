@@ -74,7 +74,8 @@ std::optional<std::string> deck_line(const std::string& file, int number) {
 // A caret under a column of a line, whatever the width of the line's tabs.
 std::string caret_line(std::string_view line, int column) {
     std::string text;
-    for (const char c : line.substr(0, static_cast<std::size_t>(column - 1))) {
+    for (std::size_t i = 0; i + 1 < static_cast<std::size_t>(column); ++i) {
+        const char c = i < line.size() ? line[i] : ' '; // a value that is missing stands behind it
         if (!is_continuation(c)) text += c == '\t' ? '\t' : ' ';
     }
     return text + "^";

@@ -100,6 +100,11 @@ TEST_F(Report, TheCaretFollowsTabsAndCharactersOfSeveralBytes) {
     EXPECT_EQ(shown("\xC3\xA9 x", 4), "\xC3\xA9 x\n  ^\n");
 }
 
+TEST_F(Report, TheCaretStandsBehindALineThatEndsBeforeIt) {
+    EXPECT_EQ(shown("1 ", 4), "1\n   ^\n");
+    EXPECT_EQ(shown("\t", 3), "\t\n\t ^\n");
+}
+
 TEST_F(Report, NoControlCharacterReachesTheTerminal) {
     EXPECT_EQ(shown("a\x1B[2J\x7F\0z"s, 0), "a?[2J??z\n");
     cmn->fault.message = " **** a\x1B[2J\tb";
