@@ -4,6 +4,7 @@
 #include "fortran/write_items.hpp"
 
 #include <cmath>
+#include <string>
 
 namespace korvat::fortran {
 namespace {
@@ -62,8 +63,12 @@ std::optional<double> convert_number(const Text<50>& field) {
 }
 
 bool read_integers(std::string_view text, std::string_view format, std::span<int> values) {
+    if (text.empty()) return false;
+    // The runtime looks behind a CR for an LF, and steps back when there is none. At the end of a text
+    // it steps back over the CR itself, and reads it for ever; a blank behind the text prevents that.
+    const std::string line = std::string(text) + ' ';
     try {
-        fem::read_loop loop(as_fem(text), as_fem(format));
+        fem::read_loop loop(as_fem(line), as_fem(format));
         for (int& value : values) {
             int read = 0;
             loop, read;

@@ -135,6 +135,13 @@ TEST(Integers, AreZeroInBlankColumns) {
     EXPECT_EQ(date_of(line.view(), true), (std::array<int, 3>{0, 0, 0}));
 }
 
+// The runtime by itself would read such a line for ever.
+TEST(Integers, AreReadFromALineThatEndsWithACarriageReturn) {
+    EXPECT_EQ(date_of("KORVAT Version: 2006-06-11\r", true), (std::array<int, 3>{2006, 6, 11}));
+    EXPECT_EQ(date_of("KORVAT Version: 2006-06-1\r", false), (std::array<int, 3>{2006, 6, -3}));
+    EXPECT_EQ(date_of("\r", true), (std::array<int, 3>{0, 0, 0}));
+}
+
 TEST(Integers, StopAtTheFirstThatCannotBeRead) {
     EXPECT_EQ(date_of("KORVAT Version: 20o6-06-11", false), (std::array<int, 3>{-1, -2, -3}));
     EXPECT_EQ(date_of("KORVAT Version: 2006-ab-11", false), (std::array<int, 3>{2006, -2, -3}));
