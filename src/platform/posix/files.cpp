@@ -1,9 +1,13 @@
 // Files and directories by name.
 #include "platform/files.hpp"
 
+#include <cerrno>
 #include <cstdio>
+#include <dirent.h>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
+#include <string_view>
 
 namespace korvat::platform {
 
@@ -20,16 +24,25 @@ bool file_exists(const std::string& name) {
     return std::filesystem::exists(name, ignored);
 }
 
+// By the system's own functions: the standard library's iterator ends the process where memory is
+// short.
 std::vector<std::string> directory_entries(const std::string& path) {
+    struct CloseDirectory {
+        void operator()(DIR* directory) const { closedir(directory); }
+    };
+    const std::unique_ptr<DIR, CloseDirectory> directory(opendir(path.c_str()));
+    if (!directory) throw std::runtime_error("Error While Accessing :" + path);
     std::vector<std::string> names;
-    try {
-        for (const auto& entry : std::filesystem::directory_iterator(path)) {
-            names.push_back(entry.path().filename().string());
+    for (;;) {
+        errno = 0; // a fault sets it, the end of the directory does not
+        const dirent* const entry = readdir(directory.get());
+        if (entry == nullptr && errno != 0) {
+            throw std::runtime_error("Error While Accessing :" + path);
         }
-    } catch (const std::filesystem::filesystem_error&) {
-        throw std::runtime_error("Error While Accessing :" + path);
+        if (entry == nullptr) return names;
+        const std::string_view name(entry->d_name);
+        if (name != "." && name != "..") names.emplace_back(name);
     }
-    return names;
 }
 
 } // namespace korvat::platform
