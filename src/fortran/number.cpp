@@ -51,9 +51,12 @@ bool is_number(std::string_view token) {
 
 std::optional<double> convert_number(const Text<50>& field) {
     if (!is_number(trimmed(field.view()))) return std::nullopt;
+    // One character more than the format takes. Where memory runs out in the conversion, the loop is
+    // destroyed with what is left of its text, and at the end of it would end the process.
+    const Text<51> text(field.view());
     double value = 0.0;
     try {
-        fem::read_loop loop(as_fem(field.view()), "(f50.0)");
+        fem::read_loop loop(as_fem(text.view()), "(f50.0)");
         loop, value;
     } catch (const fem::io_err&) { // the exponent is out of range
         return std::nullopt;
