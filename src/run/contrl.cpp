@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -104,6 +105,8 @@ RecordFile create_record_file(Run& run, const std::string& name, std::string_vie
         RecordFile file = open_record_file(name);
         run.cmn.outputs.push_back(name);
         return file;
+    } catch (const std::bad_alloc&) {
+        throw; // says nothing of the file
     } catch (const std::exception&) {
         run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
         return {};
