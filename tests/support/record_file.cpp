@@ -1,9 +1,9 @@
 // Independent reader of segmented binary record files and a cursor over the items of one record.
 #include "record_file.hpp"
 
+#include "scratch_directory.hpp"
+
 #include <bit>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace korvat::test {
@@ -105,10 +105,7 @@ std::vector<Record> parse_record_bytes(const std::vector<unsigned char>& bytes) 
 }
 
 std::vector<Record> read_record_file(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream) throw std::runtime_error("cannot open " + path.string());
-    const std::string content{std::istreambuf_iterator<char>(stream),
-                              std::istreambuf_iterator<char>()};
+    const std::string content = read_whole_file(path);
     return parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
 }
 

@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace korvat::test {
 
@@ -61,7 +62,9 @@ std::string read_whole_file(const std::filesystem::path& path) {
     if (!stream || std::filesystem::is_directory(path)) {
         throw std::runtime_error("cannot read " + path.string());
     }
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return std::move(content).str();
 }
 
 void write_whole_file(const std::filesystem::path& path, std::string_view content) {
