@@ -20,16 +20,17 @@ void require(bool done, const std::string& what) {
 
 // Once for the process: what it mounts goes with it.
 bool enter_own_name_space() {
-    const uid_t user = geteuid();
-    const gid_t group = getegid();
-    if (user == 0) {
+    const std::string user = std::to_string(geteuid());
+    const std::string group = std::to_string(getegid());
+    if (user == "0") {
         require(unshare(CLONE_NEWNS) == 0, "have mounts of our own");
     } else {
         require(unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0,
                 "have mounts of our own, not being root");
+        // The user stays who he is, so that the programs he starts have no rights but his.
         write_whole_file("/proc/self/setgroups", "deny");
-        write_whole_file("/proc/self/uid_map", "0 " + std::to_string(user) + " 1");
-        write_whole_file("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
+        write_whole_file("/proc/self/uid_map", user + " " + user + " 1");
+        write_whole_file("/proc/self/gid_map", group + " " + group + " 1");
     }
     require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "keep mounts private");
     return true;
