@@ -35,7 +35,18 @@ if(KORVAT_SANITIZE)
   target_link_options(korvat_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-if(KORVAT_COVERAGE)
+if(KORVAT_FUZZ)
+  # The fuzz targets themselves are linked with the fuzzer, which has a main.
+  set(fuzz_flags -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  if(KORVAT_COVERAGE)
+    list(APPEND fuzz_flags -fprofile-instr-generate -fcoverage-mapping)
+  endif()
+  target_compile_options(
+    korvat_flags
+    INTERFACE ${fuzz_flags} -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS
+              -fsanitize-coverage-ignorelist=${PROJECT_SOURCE_DIR}/tests/fuzz/coverage_ignored.txt)
+  target_link_options(korvat_flags INTERFACE ${fuzz_flags})
+elseif(KORVAT_COVERAGE)
   target_compile_options(korvat_flags INTERFACE --coverage)
   target_link_options(korvat_flags INTERFACE --coverage)
 endif()

@@ -1,0 +1,95 @@
+// Fuzz target: a whole run, from the text of a deck to every file.
+#include "require.hpp"
+#include "scratch.hpp"
+
+#include "run/entry.hpp"
+#include "support/pile_file.hpp"
+#include "support/record_file.hpp"
+
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace korvat::test {
+namespace {
+
+const std::string input = "KORVAT.INP";
+const std::string log_file = "KORVAT.MLG";
+const std::string pile_file = "PILE.07";
+const std::string load_file = "LOAD.09";
+const std::string plot_file = "PILEPLOT.TXT";
+const std::string scratch_copy = "fem_io_unit_012"; // left by a run that is stopped
+
+constexpr int stopped = -1;
+
+void clear_directory() {
+    for (const std::string& name : fuzz_scratch().list())
+        std::filesystem::remove(fuzz_scratch().path() / name);
+}
+
+void check_names(int exit_code) {
+    const std::string names[] = {input, log_file, "KORVAT.LIS", pile_file, load_file, plot_file};
+    for (const std::string& name : fuzz_scratch().list()) {
+        if (std::ranges::count(names, name) == 1) continue;
+        require(name == scratch_copy && exit_code == stopped, "file of a run: " + name);
+    }
+}
+
+void check_log(int exit_code) {
+    require(fuzz_scratch().has(log_file), "a log");
+    const std::string log = fuzz_scratch().read_file(log_file);
+    if (exit_code == stopped) {
+        require(log.find(" EXIT FROM KORVAT") == std::string::npos, "no exit line after a stop");
+        return;
+    }
+    const bool is_normal = log.ends_with("\n NORMAL EXIT FROM KORVAT                           \n");
+    const bool is_error = log.ends_with("\n ERROR EXIT FROM KORVAT                            \n");
+    require(exit_code == 0 ? is_normal : is_error, "last line of the log");
+    require(exit_code == 0 || log.find(" **** ") != std::string::npos, "an error has a message");
+}
+
+void check_report(const RunEnd& end) {
+    require(!end.out_of_memory, "no lack of memory");
+    if (end.exit_code == 0) {
+        require(end.report.empty(), "no report of a success");
+        return;
+    }
+    require(end.report.starts_with("korvat: "), "report of a failure: " + end.report);
+    require(end.report.find("cannot write") == std::string::npos, "everything written");
+    require(end.report.ends_with("see KORVAT.MLG\n"), "end of the report: " + end.report);
+}
+
+void check_files(bool has_loads) {
+    const std::filesystem::path& directory = fuzz_scratch().path();
+    try {
+        const PileFile piles = parse_pile_file(read_record_file(directory / pile_file));
+        require(!piles.piles.empty() && !piles.sections.empty(), "piles and cross sections");
+        if (has_loads) require(!read_record_file(directory / load_file).empty(), "loads");
+    } catch (const std::runtime_error& error) {
+        require(false, error.what());
+    }
+    require(fuzz_scratch().has(plot_file), "a plot file");
+}
+
+} // namespace
+} // namespace korvat::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace korvat;
+    using namespace korvat::test;
+    const InFuzzScratch current;
+    clear_directory();
+    fuzz_scratch().write_file(input, std::string_view(reinterpret_cast<const char*>(data), size));
+    const RunEnd end = run_program(0, nullptr);
+    require(end.exit_code >= stopped && end.exit_code <= 2, "exit code");
+    check_names(end.exit_code);
+    check_log(end.exit_code);
+    check_report(end);
+    const std::string content = fuzz_scratch().read_file(pile_file);
+    require(content.size() >= 2 && content.front() == 'K' && content.back() == '\x82',
+            "frame of the pile file");
+    if (end.exit_code == 0) check_files(fuzz_scratch().has(load_file));
+    return 0;
+}
