@@ -222,7 +222,8 @@ TEST_F(CapacityCheck, GivenBendingStiffnessModifiesTheWall) {
     Given g = given;
     g.EI = static_cast<double>(reference.W / 2) * g.E; // I = W D / 2
     for (const double N : {-3000.0, 3000.0}) {
-        for (const double M : {0.0, 2000.0}) {
+        // fy W is 9900, and 25000 brings the material factor off its smallest value.
+        for (const double M : {0.0, 2000.0, 25000.0}) {
             // The fourth root of D**4 - 64 I / pi costs some digits.
             EXPECT_NEAR(iso(g, N, M).U, static_cast<double>(reference_isochk(reference, N, M)),
                         1e-11);

@@ -208,6 +208,25 @@ TEST_F(ListingPiles, CheckSums) {
                           "                      SUM-Z =     -21.0000\n");
 }
 
+// 0.0000495 is shown as 0, 0.0000505 as 0.0001.
+TEST_F(ListingPiles, CheckSumsStartFromNothing) {
+    const auto sums_shown_for = [&](double value, const std::string& sum) {
+        cmn().NUMPIL = 0;
+        add_pile(1, value, value, value);
+        give_node(2, 1, value, value, value);
+        EXPECT_EQ(sums(), page_header() + std::string(sums_of_coordinates) +
+                              " PILE HEADS :         SUM-X =" + sum +
+                              "                      SUM-Y =" + sum +
+                              "                      SUM-Z =" + sum +
+                              "\n"
+                              " PILE TIPS :          SUM-X =" +
+                              sum + "                      SUM-Y =" + sum +
+                              "                      SUM-Z =" + sum);
+    };
+    sums_shown_for(0.0000495, "       0.0000\n");
+    sums_shown_for(0.0000505, "       0.0001\n");
+}
+
 TEST_F(ListingPiles, DummyCountsAmongTheHeadsOnly) {
     add_pile(1, 1.0, 2.0, 3.0);
     add_pile(0, 100.0, 200.0, 300.0);

@@ -127,6 +127,18 @@ TEST_F(Sketch, AutomaticRows) {
     EXPECT_EQ(text.size(), 2U + 12U * (2 + 40 + 1));
 }
 
+// A square of 130 columns has 130 * 24 / 39 = 80 rows. One that is wider by 0.02 in 1000.02 has
+// 79.998, which is 79, and one that is higher by as much 80.002.
+TEST_F(Sketch, AutomaticRowsAreCutToAWholeNumber) {
+    const auto rows_of = [&](double width, double height) {
+        drawn({0.0, width}, {0.0, height}, 2, 0, 130);
+        return rows;
+    };
+    EXPECT_EQ(rows_of(1000.0, 1000.0), 80);
+    EXPECT_EQ(rows_of(1000.02, 1000.0), 79);
+    EXPECT_EQ(rows_of(1000.0, 1000.02), 80);
+}
+
 TEST_F(Sketch, AutomaticRowsOfALongNarrowGroup) {
     // 100 / (1000.02 / 0.02) * 24 / 39 = 0.001: no row
     EXPECT_EQ(drawn({0.0, 1000.0}, {0.0, 0.0}, -2, 0, 100), " \n");
@@ -166,6 +178,11 @@ TEST_F(Sketch, OneHundredAndThirtyColumnsAtMost) {
     const std::string text = drawn({0.0, 1.0}, {0.0, 0.0}, 2, 1, 130);
     EXPECT_EQ(text.size(), 2U + 2U + 130U + 1U);
     EXPECT_EQ(drawn({0.0, 1.0}, {0.0, 0.0}, 2, 1, 500), text);
+}
+
+// The margin is lost beside a number this large, and 1e20 / 1e19 is the eleventh column of ten.
+TEST_F(Sketch, PointAtTheVeryEndIsInTheLastColumn) {
+    EXPECT_EQ(drawn({0.0, 1.0e20}, {0.0, 0.0}, 2, 1, 10), plot_of({"*        *"}));
 }
 
 TEST_F(Sketch, CoordinatesThatAreNoNumbers) {

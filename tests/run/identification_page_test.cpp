@@ -106,6 +106,18 @@ TEST(IdentificationPage, FramesTheNameAlone) {
     EXPECT_EQ(line(page, 20), blanks(28) + "*" + blanks(20) + "*");
 }
 
+// The name's frame ends at column 50. A description of 10 would end one there too (35 + 5 + 10), and
+// the name's stays; one of 11 ends at 51 and begins at 35 - 5 = 30.
+TEST(IdentificationPage, FramesWhatEndsFurtherRight) {
+    const auto edge_with = [](std::size_t length) {
+        Identification texts = program();
+        texts.program_description.assign(std::string(length, 'd'));
+        return line(compose_identification_page(texts, time_of(2024, 2, 7, 9, 5, 3), host()), 16);
+    };
+    EXPECT_EQ(edge_with(10), blanks(28) + std::string(22, '*'));
+    EXPECT_EQ(edge_with(11), blanks(29) + std::string(22, '*'));
+}
+
 // A description of 100 is cut to 80 and starts at column 40 - 40 = 0, of which the page has none.
 // The frame would go from column -5 to column 85, and is held within the page.
 TEST(IdentificationPage, CutsALongDescription) {

@@ -4,7 +4,9 @@
 #include "support/masks.hpp"
 #include "support/model_fixture.hpp"
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
 #include <ctime>
 #include <string>
 #include <vector>
@@ -58,6 +60,20 @@ TEST_F(TimeStamp, KeepsLeadingZerosAtMidnight) {
 TEST_F(TimeStamp, OfTheLastSecondOfAYear) {
     stamp(started, log_unit, 0, last_second);
     EXPECT_EQ(log(), "\n THIS RUN WAS STARTED :  31-DEC-1999  AT  23:59:59 HOURS\n");
+}
+
+TEST_F(TimeStamp, ShowsEveryNumberWithTwoDigits) {
+    for (int number = 1; number < 60; ++number) {
+        const int day = std::min(number, 31);
+        const int hour = std::min(number, 23);
+        const std::size_t start = log().size();
+        stamp(started, log_unit, 0, {2024, 2, day, hour, number, number});
+        char line[80];
+        std::snprintf(line, sizeof line,
+                      "\n THIS RUN WAS STARTED :  %02d-MAR-2024  AT  %02d:%02d:%02d HOURS\n", day,
+                      hour, number, number);
+        EXPECT_EQ(log().substr(start), line);
+    }
 }
 
 TEST_F(TimeStamp, GoesToBothUnits) {
