@@ -120,7 +120,7 @@ class Unpacked(unittest.TestCase):
             manual = file.read()
         self.assertEqual(
             re.findall(r'^\.SH "?([A-Z ]+)"?$', manual, re.MULTILINE),
-            ["NAME", "SYNOPSIS", "DESCRIPTION", "FILES", "EXIT STATUS", "ENVIRONMENT", "EXAMPLES", "SEE ALSO"])
+            ["NAME", "SYNOPSIS", "DESCRIPTION", "FILES", "EXIT STATUS", "DIAGNOSTICS", "ENVIRONMENT", "EXAMPLES", "SEE ALSO"])
         self.assertIn(f'\n.TH KORVAT 1 "" "KORVAT {VERSION}" ', manual)
         self.assertIn("\nkorvat \\- pre-processor for pile groups\n", manual)
         named = {line for line in (SOURCE / "README.md").read_text().split("`")

@@ -2,6 +2,7 @@
 #include "process_windows.hpp"
 
 #include <stdexcept>
+#include <string>
 
 namespace korvat::test {
 
@@ -34,10 +35,16 @@ Process::Process(const std::filesystem::path& program, const std::filesystem::pa
     startup.hStdError = error_file.get();
     const std::filesystem::path absolute = std::filesystem::absolute(program);
     std::wstring command = L"\"" + absolute.wstring() + L"\""; // the system may write into it
-    if (CreateProcessW(absolute.c_str(), command.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                       directory.c_str(), &startup, &information_) == FALSE) {
-        throw std::runtime_error("cannot start " + absolute.string());
+    // Wine may refuse a program at first when it starts many at once; none has then been started.
+    constexpr int attempts = 5;
+    for (int i = 0; i < attempts; ++i) {
+        if (CreateProcessW(absolute.c_str(), command.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                           directory.c_str(), &startup, &information_) != FALSE) {
+            return;
+        }
     }
+    throw std::runtime_error("cannot start " + absolute.string() + ", error " +
+                             std::to_string(GetLastError()));
 }
 
 Process::~Process() {
