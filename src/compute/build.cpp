@@ -4,7 +4,7 @@
 #include "compute/discretise.hpp"
 #include "compute/section_properties.hpp"
 #include "compute/yldsrf.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
 
 #include <cstdint>
 #include <cstdlib>

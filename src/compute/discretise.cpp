@@ -1,8 +1,8 @@
 // Nodes and elements of every pile.
 #include "compute/discretise.hpp"
 
-#include "model/integer.hpp"
-#include "model/report_error.hpp"
+#include "model/store/integer.hpp"
+#include "model/store/report_error.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -2,9 +2,9 @@
 #include "compute/yldsrf.hpp"
 
 #include "compute/capacity_check.hpp"
-#include "compute/section_properties.hpp"
 #include "fortran/stop.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/slots.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // The temporary copy of the input without its comment lines.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

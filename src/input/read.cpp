@@ -1,8 +1,8 @@
 // Free-format record reader: one logical record of numbers, continued over lines by its count.
 #include "input/read.hpp"
 
-#include "model/integer.hpp"
-#include "model/report_error.hpp"
+#include "model/store/integer.hpp"
+#include "model/store/report_error.hpp"
 
 #include <algorithm>
 #include <string>

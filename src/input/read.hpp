@@ -1,7 +1,7 @@
 // Free-format record reader: one logical record of numbers, continued over lines by its count.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string_view>
 

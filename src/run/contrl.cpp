@@ -3,8 +3,9 @@
 
 #include "compute/build.hpp"
 #include "input/echo.hpp"
-#include "model/readpi.hpp"
-#include "model/report_error.hpp"
+#include "model/sections/readpi.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/run_constants.hpp"
 #include "output/loads.hpp"
 #include "output/printpil.hpp"
 #include "output/save.hpp"
@@ -12,12 +13,12 @@
 #include "platform/files.hpp"
 #include "run/identification.hpp"
 #include "run/identification_page.hpp"
+#include "run/open_record_file.hpp"
 #include "run/scratch_files.hpp"
 #include "run/time_stamp.hpp"
 
 #include <algorithm>
 #include <cerrno>
-#include <cmath>
 #include <new>
 #include <optional>
 #include <string>
@@ -70,27 +71,6 @@ void open_message_log(Run& run) {
     write_identification_page(cmn, cmn.NF6, run.texts, ITIME);
     cmn.runtime.write(cmn.NF6, "(/,' +++++ START PROGRAM KORVAT   VERSION = ',a11,a11)",
                       right_justified(run.texts.version.view()), run.texts.release_date);
-}
-
-void set_constants(Run& run) {
-    Store& cmn = run.cmn;
-    cmn.NF7 = 7;
-    cmn.NF9 = 9;
-    cmn.NF11 = 11;
-    cmn.NF12 = 12;
-    cmn.NF13 = 13;
-    cmn.NF14 = 14;
-    cmn.PI = 4.0 * std::atan(1.0);
-    cmn.TOL = 1.0e-10;
-    cmn.MAXPIL = limits::piles;
-    cmn.MAXCRS = limits::cross_sections;
-    cmn.MAXMAT = limits::materials;
-    cmn.MAXSEG = limits::segment_types;
-    cmn.MAXELM = limits::pile_elements;
-    cmn.MAXNOD = limits::pile_nodes;
-    cmn.MAXSPP = limits::pile_segments;
-    cmn.MAXSPC = limits::special_records;
-    run.EXMSG.assign("NORMAL EXIT FROM KORVAT");
 }
 
 // Writes the error line of a failed open or step; the run takes the error exit.
@@ -287,7 +267,8 @@ int contrl(Store& cmn, const Steps& steps) {
             .listing_time = {}};
     try {
         open_message_log(run);
-        set_constants(run);
+        set_run_constants(cmn);
+        run.EXMSG.assign("NORMAL EXIT FROM KORVAT");
         if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");
         close_run(run);
     } catch (...) {

@@ -1,7 +1,7 @@
 // What a failed run tells on standard error.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string>
 #include <string_view>
