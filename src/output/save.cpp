@@ -89,7 +89,7 @@ bool collect_special_values(Store& cmn, int np, int nodes) {
         const int ND2 = cmn.ISPNOD(4, r);
         if (ND2 > nodes) {
             report_error(
-                cmn, cmn.NF6, cmn.ISPNOD_place(r),
+                cmn, cmn.NF6, cmn.report.places.ISPNOD(r),
                 "(/,' **** SPECIAL NODE VALUES PROBLEM',/,' PILE, NODE, MAX ALLOWED NODE =',3i5)",
                 np, ND2, nodes);
             cmn.IERR = 1;
@@ -109,7 +109,8 @@ DeckPlace place_of_displacements(const Store& cmn, int np) {
     DeckPlace place;
     for (int r = 1; r <= cmn.NUMSPC; ++r) {
         if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
-        if (cmn.ISPCOD(r) == special_code::displacement) place.line = cmn.ISPNOD_place(r).line;
+        if (cmn.ISPCOD(r) == special_code::displacement)
+            place.line = cmn.report.places.ISPNOD(r).line;
     }
     return place;
 }

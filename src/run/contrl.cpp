@@ -55,7 +55,7 @@ int open_with_backup(Store& cmn, int unit, const std::string& name) {
     platform::remove_file(backup);
     platform::rename_file(name, backup);
     const int error = cmn.runtime.open(unit, name, OpenStatus::new_file);
-    if (error == 0) cmn.outputs.push_back(name);
+    if (error == 0) cmn.report.outputs.push_back(name);
     return error;
 }
 
@@ -83,7 +83,7 @@ bool fail(Run& run, std::string_view format) {
 RecordFile create_record_file(Run& run, const std::string& name, std::string_view format) {
     try {
         RecordFile file = open_record_file(name);
-        run.cmn.outputs.push_back(name);
+        run.cmn.report.outputs.push_back(name);
         return file;
     } catch (const std::bad_alloc&) {
         throw; // says nothing of the file
@@ -104,7 +104,7 @@ bool open_files(Run& run) {
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF13, "KORVAT.LIS");
     if (cmn.IERR != 0) {
-        cmn.fault.file = "KORVAT.LIS";
+        cmn.report.fault.file = "KORVAT.LIS";
         return fail(run, "(/,' **** SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=',i5)");
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF14, "PILEPLOT.TXT"); // not tested
@@ -210,7 +210,7 @@ void close_record_file(Run& run, std::optional<RecordFile>& file, const std::str
     if (!file) return;
     const int error = file->close();
     file.reset();
-    if (error != 0) run.cmn.lost_records.push_back({name, error});
+    if (error != 0) run.cmn.report.lost_records.push_back({name, error});
 }
 
 void close_load_file(Run& run) {
@@ -282,8 +282,8 @@ int contrl(Store& cmn, const Steps& steps) {
 std::vector<fortran::WriteFault> close_outputs(Store& cmn) {
     cmn.runtime.close_all();
     std::vector<fortran::WriteFault> lost = cmn.runtime.write_faults();
-    lost.insert(lost.end(), cmn.lost_records.begin(), cmn.lost_records.end());
-    for (const std::string& name : cmn.outputs) {
+    lost.insert(lost.end(), cmn.report.lost_records.begin(), cmn.report.lost_records.end());
+    for (const std::string& name : cmn.report.outputs) {
         const auto is_name = [&](const fortran::WriteFault& fault) { return fault.file == name; };
         if (std::ranges::any_of(lost, is_name)) continue;
         if (!platform::file_exists(name)) lost.push_back({name, ENOENT});

@@ -9,7 +9,7 @@ namespace korvat {
 
 // The line that could not be read; where the input was not even copied, the one that ended it.
 DeckPlace DeckReader::unread_place() const {
-    const int behind_copy = static_cast<int>(cmn.deck_lines.size()) + 1;
+    const int behind_copy = static_cast<int>(cmn.report.deck_lines.size()) + 1;
     return {.line = cmn.NLINE == 0 ? behind_copy : cmn.NLINE};
 }
 
@@ -36,7 +36,8 @@ int DeckReader::read_record(deck::RecordId id, int k) {
 }
 
 DeckPlace DeckReader::place(int i) const {
-    const DeckPlace place = place_of_number(cmn, cmn.LINE, cmn.NLINE - std::max(NPHYS - 1, 0), i);
+    const DeckPlace place =
+        place_of_number(cmn.report.record_lines, cmn.LINE, cmn.NLINE - std::max(NPHYS - 1, 0), i);
     return place.column == 0 ? line_place() : place;
 }
 

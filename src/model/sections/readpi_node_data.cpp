@@ -87,7 +87,7 @@ void store_special(SectionReader& in, const SpecialRecord& record, int NOW) {
     for (int i = 1; i <= limits::node_components; ++i) {
         cmn.SPVAL(i, NOW) = scaled(cmn, record.CODE, i, in.VAR(5 + i));
     }
-    cmn.ISPNOD_place(NOW) = in.place(4);
+    cmn.report.places.ISPNOD(NOW) = in.place(4);
     cmn.NUMSPC = NOW;
     if (record.CODE != special_code::temperature) return;
     for (int NP = record.NP1; NP <= record.NP2; ++NP) {
@@ -113,8 +113,8 @@ int read_tip_fix_table(SectionReader& in) {
         for (int p = record.NP1; p <= record.NP2; ++p) {
             cmn.ITIP(p) = record.ITIP;
             cmn.IFIX(p) = record.IFIX;
-            cmn.ITIP_place(p) = tip_code;
-            cmn.IFIX_place(p) = fixing;
+            cmn.report.places.ITIP(p) = tip_code;
+            cmn.report.places.IFIX(p) = fixing;
         }
         last = record.NP2;
     }

@@ -37,7 +37,7 @@ int store_pile_segments(SectionReader& in, int NP) {
                          NP, NSEG, cmn.MAXSPP);
     }
     cmn.NSEGP(NP) = NSEG;
-    cmn.NSEGP_place(NP) = in.line_place();
+    cmn.report.places.NSEGP(NP) = in.line_place();
     for (int i = 1; i <= NSEG; ++i) {
         const int segment = in.integer(2 + i);
         if (segment < 1 || segment > in.NUMSEG) {

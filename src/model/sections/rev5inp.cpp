@@ -94,7 +94,7 @@ void store_section(const Rev5Reader& in, int N, const SectionLine& line) {
     store_rev5_tube(cmn, N, line);
     cmn.ITYCRS(N) = line.type;
     cmn.NLCRS(N) = line.code;
-    cmn.NLCRS_place(N) = in.place(3);
+    cmn.report.places.NLCRS(N) = in.place(3);
 }
 
 int read_heading_lines(Rev5Reader& in) {

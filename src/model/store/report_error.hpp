@@ -19,9 +19,9 @@ template <fortran::Writable... Items>
 template <fortran::Writable... Items>
 void keep_fault(Store& cmn, const DeckPlace& place, std::string_view format,
                 const Items&... items) {
-    if (!cmn.fault.message.empty()) return;
-    cmn.fault.message = edited_message(format, items...);
-    cmn.fault.place = place;
+    if (!cmn.report.fault.message.empty()) return;
+    cmn.report.fault.message = edited_message(format, items...);
+    cmn.report.fault.place = place;
 }
 
 // Writes an error message to a unit; the first of the run becomes its fault.
@@ -36,7 +36,7 @@ void report_error(Store& cmn, int unit, const DeckPlace& place, std::string_view
 template <fortran::Writable... Items>
 void continue_error(Store& cmn, int unit, std::string_view format, const Items&... items) {
     cmn.runtime.write(unit, format, items...);
-    cmn.fault.message += '\n' + edited_message(format, items...);
+    cmn.report.fault.message += '\n' + edited_message(format, items...);
 }
 
 } // namespace korvat

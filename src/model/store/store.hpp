@@ -3,14 +3,11 @@
 
 #include "fortran/runtime.hpp"
 #include "fortran/text.hpp"
-#include "model/store/fault.hpp"
 #include "model/store/limits.hpp"
+#include "model/store/report.hpp"
 #include "model/store/table.hpp"
 
-#include <array>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace korvat::fortran {
 class SaveHolder;
@@ -144,37 +141,6 @@ struct NodeTable {
     Table2<double, limits::pile_nodes, limits::piles> TSNOD; // (node, pile): values of code 4
 };
 
-// First and last column of a physical line inside LINE, 1-based.
-struct LineColumns {
-    int first = 1;
-    int last = 1;
-};
-
-// Where the deck's text stands, so that a report can show it. The lines of DeckPlace are those of
-// NF12.
-struct DeckTables {
-    // Of each line of NF12, in order, its number in KORVAT.INP.
-    std::vector<int> deck_lines;
-    // The number in KORVAT.INP of the line that ended the copying: END, the last line, or the one
-    // that could not be read; 0 when there is no line.
-    int deck_end = 0;
-    // The physical lines of the record that LINE holds. Every line but the last has a number on it,
-    // and the last may find the value list full.
-    std::array<LineColumns, limits::record_values + 1> LINE_columns;
-    Table1<DeckPlace, limits::piles> NSEGP_place; // the pile's record in the segment table
-    Table1<DeckPlace, limits::piles> ITIP_place;  // the value that gave ITIP
-    Table1<DeckPlace, limits::piles> IFIX_place;
-    Table1<DeckPlace, limits::cross_sections> NLCRS_place;   // revision 5
-    Table1<DeckPlace, limits::special_records> ISPNOD_place; // the record's last node
-};
-
-// How the run ended.
-struct RunOutcome {
-    Fault fault;                                   // the run's first error
-    std::vector<std::string> outputs;              // names of the output files that could be opened
-    std::vector<fortran::WriteFault> lost_records; // record files that could not be written whole
-};
-
 // Built once by the entry, everything zero or blank; lives on the heap until the run ends, also
 // when it stops on an error. Destroying it closes every unit. Allocation failure is passed on.
 struct Store : UnitNumbers,
@@ -185,9 +151,7 @@ struct Store : UnitNumbers,
                SegmentTable,
                PileTable,
                SpecialNodeTable,
-               NodeTable,
-               DeckTables,
-               RunOutcome {
+               NodeTable {
     // Hands the program's arguments to the runtime.
     Store(int argc, const char* const* argv);
     ~Store();
@@ -202,6 +166,8 @@ struct Store : UnitNumbers,
     std::unique_ptr<fortran::SaveHolder> sketch_sve;
 
     fortran::Runtime runtime; // unit table of the run
+
+    Report report; // what the report on standard error is made of
 };
 
 // Value of a material table for a section's material number; 0.0 when that is no material.

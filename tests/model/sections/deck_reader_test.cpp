@@ -109,9 +109,9 @@ TEST_F(DeckReaderTest, RejectWritesItsMessage) {
 TEST_F(DeckReaderTest, TheFirstRejectionIsTheFaultOfTheRun) {
     EXPECT_EQ(in.reject({.line = 4, .column = 2}, "(/,' bad',i5)", 3), cause::bad_value);
     EXPECT_EQ(in.reject({.line = 5}, "(' worse')"), cause::bad_value);
-    EXPECT_EQ(cmn().fault.message, "\n bad    3");
-    EXPECT_EQ(cmn().fault.file, "KORVAT.INP");
-    EXPECT_EQ(cmn().fault.place, (DeckPlace{.line = 4, .column = 2}));
+    EXPECT_EQ(cmn().report.fault.message, "\n bad    3");
+    EXPECT_EQ(cmn().report.fault.file, "KORVAT.INP");
+    EXPECT_EQ(cmn().report.fault.place, (DeckPlace{.line = 4, .column = 2}));
     EXPECT_EQ(log(), "\n bad    3\n worse\n");
 }
 
