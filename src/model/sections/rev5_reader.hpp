@@ -47,13 +47,6 @@ public:
                            line.CMISC[1], line.CMISC[2]);
     }
 
-    // Writes the second line of a message whose first has just been written.
-    template <fortran::Writable... Items>
-    Cause add_to_message(std::string_view format, const Items&... items) {
-        continue_error(cmn, cmn.NF6, format, items...);
-        return Cause::bad_value;
-    }
-
     // Value i (from 1) of the record just read; its first line when i is 0.
     [[nodiscard]] DeckPlace place(int i) const {
         if (i == 0) return {.line = places_.front().line};

@@ -58,28 +58,33 @@ ValueError value_error(const Store& cmn, const SubSectionLine& line) {
     return error;
 }
 
-Cause check_values(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
+// Adds what was given to the message of an error number.
+void add_given(ErrorMessage& message, int error, const SubSectionLine& line) {
     const TubeRecord& tube = line.tube;
+    switch (error) {
+    case 21:
+        return message.add("(' Diameter =',f8.4)", tube.DIAM);
+    case 22:
+        return message.add("(' Wall =',f8.4)", tube.WALL);
+    case 23:
+        return message.add("(' Diameter,wall =',2f8.4)", tube.DIAM, tube.WALL);
+    case 24:
+    case 25:
+        return message.add("(' Material no. =',i5)", tube.MATCRS);
+    default:
+        return message.add("(' Composite sub-section, eccentricity is not zero',f8.4)", line.ECC);
+    }
+}
+
+Cause check_values(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
     const ValueError error = value_error(in.cmn, line);
     if (!error) return Cause::none;
-    report_error(
+    ErrorMessage message(
         in.cmn, in.cmn.NF6, in.place(error.value),
         "(/,' **** SR/REV5INP : Composite cross section data input',' control',/,' Cross section, sub-section, IERR=',3i4)",
         N, j, error.number);
-    switch (error.number) {
-    case 21:
-        return in.add_to_message("(' Diameter =',f8.4)", tube.DIAM);
-    case 22:
-        return in.add_to_message("(' Wall =',f8.4)", tube.WALL);
-    case 23:
-        return in.add_to_message("(' Diameter,wall =',2f8.4)", tube.DIAM, tube.WALL);
-    case 24:
-    case 25:
-        return in.add_to_message("(' Material no. =',i5)", tube.MATCRS);
-    default:
-        return in.add_to_message("(' Composite sub-section, eccentricity is not zero',f8.4)",
-                                 line.ECC);
-    }
+    add_given(message, error.number, line);
+    return Cause::bad_value;
 }
 
 // The outer diameter must equal the inner one of the sub-section before, whatever the text says.

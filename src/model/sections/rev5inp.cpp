@@ -48,37 +48,38 @@ ValueError section_error(const Store& cmn, int N, const SectionLine& line) {
     return error;
 }
 
-// The second line of the message.
-Cause reject_section(Rev5Reader& in, int error, int N, const SectionLine& line) {
+// Adds what was given to the message of an error number.
+void add_given(ErrorMessage& message, int error, int N, const SectionLine& line, const Store& cmn) {
     switch (error) {
     case 1:
-        return in.add_to_message("(' Diameter =',f8.4)", line.tube.DIAM);
+        return message.add("(' Diameter =',f8.4)", line.tube.DIAM);
     case 2:
-        return in.add_to_message("(' Wall =',f8.4)", line.tube.WALL);
+        return message.add("(' Wall =',f8.4)", line.tube.WALL);
     case 3:
-        return in.add_to_message("(' Diameter,wall =',2f8.4)", line.tube.DIAM, line.tube.WALL);
+        return message.add("(' Diameter,wall =',2f8.4)", line.tube.DIAM, line.tube.WALL);
     case 4:
-        return in.add_to_message("(' N,NUMCRS=',2i5)", N, in.cmn.NUMCRS);
+        return message.add("(' N,NUMCRS=',2i5)", N, cmn.NUMCRS);
     case 5:
     case 6:
-        return in.add_to_message("(' Material no. =',i5)", line.tube.MATCRS);
+        return message.add("(' Material no. =',i5)", line.tube.MATCRS);
     case 7:
-        return in.add_to_message("(' Cross section type error',i5)", line.type);
+        return message.add("(' Cross section type error',i5)", line.type);
     case 8:
-        return in.add_to_message("(' Non-linear code error',i5)", line.code);
+        return message.add("(' Non-linear code error',i5)", line.code);
     default:
-        return in.add_to_message("(' Non-zero value given at composite crs sctn first line')");
+        return message.add("(' Non-zero value given at composite crs sctn first line')");
     }
 }
 
 Cause check_section(Rev5Reader& in, int N, const SectionLine& line) {
     const ValueError error = section_error(in.cmn, N, line);
     if (!error) return Cause::none;
-    report_error(
+    ErrorMessage message(
         in.cmn, in.cmn.NF6, in.place(error.value),
         "(/,' **** SR/REV5INP : Cross section data input control',/,' Crs. no, IERR=',2i4)", N,
         error.number);
-    return reject_section(in, error.number, N, line);
+    add_given(message, error.number, N, line, in.cmn);
+    return Cause::bad_value;
 }
 
 void store_section(const Rev5Reader& in, int N, const SectionLine& line) {
