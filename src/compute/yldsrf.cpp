@@ -1,4 +1,3 @@
-// Yield curves of a tubular cross section.
 #include "compute/yldsrf.hpp"
 
 #include "compute/capacity_check.hpp"

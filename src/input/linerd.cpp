@@ -1,4 +1,3 @@
-// Shows the last lines read from the temporary input copy after a fault.
 #include "input/linerd.hpp"
 
 namespace korvat {

@@ -1,4 +1,3 @@
-// Free-format record reader: one logical record of numbers, continued over lines by its count.
 #include "input/read.hpp"
 
 #include "model/store/integer.hpp"

@@ -1,4 +1,3 @@
-// Reads the load vectors and writes the load file LOAD.09.
 #include "output/loads.hpp"
 
 #include "input/linerd.hpp"

@@ -1,4 +1,3 @@
-// Writes the analysis input file PILE.07 and the plot file.
 #include "output/save.hpp"
 
 #include "model/store/report_error.hpp"

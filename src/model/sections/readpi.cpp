@@ -1,4 +1,3 @@
-// Reads the input file into the store, up to the load vector section.
 #include "model/sections/readpi.hpp"
 
 #include "input/get_revision.hpp"

@@ -1,4 +1,3 @@
-// Reads the cross-section section of a revision-5 input.
 #include "model/sections/rev5inp.hpp"
 
 #include "model/sections/rev5_reader.hpp"

@@ -1,4 +1,3 @@
-// The values of one cross section as the deck gives them, in either revision.
 #include "model/sections/tube_record.hpp"
 
 namespace korvat {
