@@ -63,19 +63,17 @@ private:
 
     template <typename Value>
     Cause take(fortran::ListDirected& list, Value& value) {
-        while (true) {
-            const auto result = list.take(value);
-            if (result != fortran::ListDirected::Result::end_of_text) {
-                keep_place(list.last_position());
-            }
-            if (result == fortran::ListDirected::Result::value) return Cause::none;
-            if (result == fortran::ListDirected::Result::bad_value) {
-                return report_format_error(places_.at(count_ - 1));
-            }
+        using Result = fortran::ListDirected::Result;
+        Result result = list.take(value);
+        while (result == Result::end_of_text) {
             fortran::Text<120> line;
             if (const Cause fault = fetch(line)) return fault;
             list.add_line(line.view());
+            result = list.take(value);
         }
+        keep_place(list.last_position());
+        if (result == Result::bad_value) return report_format_error(places_.at(count_ - 1));
+        return Cause::none;
     }
 
     int first_line_ = 0;                          // of the record just read
