@@ -145,7 +145,7 @@ TEST_F(NewCase, RefusesWhatMakesNoCase) {
          {"Upper", "under_line", "a--b", "a-", "../up", "a/b", ".", "''", "'a b'"}) {
         const std::string plain = name.starts_with('\'') ? name.substr(1, name.size() - 2) : name;
         expect_refused(name + option,
-                       plain + ": a name consists of small letters and digits, joined by - or .");
+                       plain + ": a name has lower-case letters and digits, joined by - or .");
     }
     expect_refused("other --from none" + option, "none is not a case with a deck");
     expect_refused(
