@@ -58,8 +58,14 @@ bool has_number_form(std::string_view token) {
     return skip_digits() > 0 && i == token.size();
 }
 
+std::string_view without_tabs(std::string_view token) {
+    constexpr std::string_view passed_over = "\t\r";
+    token.remove_prefix(std::min(token.find_first_not_of(passed_over), token.size()));
+    return token.substr(0, token.find_last_not_of(passed_over) + 1);
+}
+
 double number_of(std::string_view token) {
-    std::string text(token);
+    std::string text(without_tabs(token));
     if (!has_number_form(text)) throw std::runtime_error("'" + text + "' is no number");
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
