@@ -226,9 +226,9 @@ TEST_F(Yldsrf, UnitsScaleTheCurve) {
             for (std::size_t k = 0; k < 10; ++k) {
                 const double N = 1e-11 * area(steel) * steel.fy;
                 const double M = 1e-11 * section_modulus(steel) * steel.fy;
-                EXPECT_NEAR(in_newtons.axial_plastic[k] / 1000.0, base.axial_plastic[k], N);
-                EXPECT_NEAR(in_newtons.plastic[k] / 1000.0, base.plastic[k], M);
-                EXPECT_NEAR(in_newtons.elastic[k] / 1000.0, base.elastic[k], M);
+                EXPECT_NEAR(in_meganewtons.axial_plastic[k] * 1000.0, base.axial_plastic[k], N);
+                EXPECT_NEAR(in_meganewtons.plastic[k] * 1000.0, base.plastic[k], M);
+                EXPECT_NEAR(in_meganewtons.elastic[k] * 1000.0, base.elastic[k], M);
                 EXPECT_NEAR(in_millimetres.axial_plastic[k], base.axial_plastic[k], N);
                 EXPECT_NEAR(in_millimetres.plastic[k] / 1000.0, base.plastic[k], M);
                 EXPECT_NEAR(in_millimetres.elastic[k] / 1000.0, base.elastic[k], M);
