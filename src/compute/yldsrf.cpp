@@ -2,9 +2,9 @@
 #include "compute/yldsrf.hpp"
 
 #include "compute/capacity_check.hpp"
-#include "compute/section_properties.hpp"
 #include "fortran/stop.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/slots.hpp"
 
 #include <algorithm>
 #include <array>
@@ -40,7 +40,7 @@ struct Tube {
 
 [[noreturn]] void stop_at_iteration_limit(const Tube& tube) {
     Store& cmn = tube.cmn;
-    report_error(cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
+    report_error(cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section),
                  "(/,' **** SR/YLDSRF : 100 iterations reached')");
     stop_run(cmn);
 }
@@ -62,7 +62,7 @@ Tube tube_of(Store& cmn, int i) {
 // Utilisation under an axial force N, positive in compression, and a moment M.
 double utilisation(const Tube& tube, double N, double M) {
     Store& cmn = tube.cmn;
-    const DeckPlace& place = cmn.NLCRS_place(tube.section);
+    const DeckPlace& place = cmn.report.places.NLCRS(tube.section);
     SectionForces forces{};
     forces[axial_force] = N;
     forces[bending_2] = M;
@@ -108,16 +108,27 @@ double plastic_moment(const Tube& tube, double N) {
     stop_at_iteration_limit(tube);
 }
 
-// Equally spaced from N down to Ny; the one of smallest magnitude, the first on a tie, is set to
-// exactly 0.0.
+// The one of smallest magnitude, the first on a tie, becomes exactly 0.0. The search starts from
+// 1.0e6: where every level lies beyond, as those of a large tube in N do, none becomes 0.0.
+void set_zero_level(Curve& levels) {
+    double smallest = 1.0e6;
+    double* zero_level = nullptr;
+    for (double& level : levels) {
+        if (std::fabs(level) >= smallest) continue;
+        smallest = std::fabs(level);
+        zero_level = &level;
+    }
+    if (zero_level != nullptr) *zero_level = 0.0;
+}
+
+// Equally spaced from N down to Ny.
 Curve axial_levels(double N, double Ny) {
     const double s = (N - Ny) / 9.0;
     Curve levels{};
     for (int k = 1; k <= points; ++k) {
         levels[static_cast<std::size_t>(k - 1)] = N - (k - 1) * s;
     }
-    const auto smaller = [](double a, double b) { return std::fabs(a) < std::fabs(b); };
-    *std::min_element(levels.begin(), levels.end(), smaller) = 0.0;
+    set_zero_level(levels);
     return levels;
 }
 
@@ -137,7 +148,7 @@ Curve elastic_moments(const Tube& tube, const Curve& levels, const Curve& plasti
         const double siga = std::fabs(levels[k]) / tube.A;
         if (tube.sigy - siga < 0.0) {
             report_error(
-                cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
+                cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section),
                 "(/,' **** SR/YLDSRF : Negative bending stress',/,' N,FAXL(N),SIGA,SIGY=',i5,3f10.3)",
                 static_cast<int>(k) + 1, levels[k], siga, tube.sigy);
             stop_run(cmn);

@@ -1,7 +1,7 @@
 // The identification page at the top of the message log.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 #include "run/identification.hpp"
 #include "run/time_stamp.hpp"
 
@@ -22,7 +22,7 @@ struct HostTexts {
 // What the running system says.
 [[nodiscard]] HostTexts host_texts();
 
-// The page's lines, without trailing blanks. ITIME is the start of the run.
+// The page's lines, of 131 columns each. ITIME is the start of the run.
 [[nodiscard]] std::vector<std::string> compose_identification_page(const Identification& texts,
                                                                    const TimeFields& ITIME,
                                                                    const HostTexts& host);
