@@ -1,4 +1,3 @@
-// Integers out of reals, never out of range.
 #include "model/store/integer.hpp"
 
 #include <algorithm>
