@@ -101,6 +101,18 @@ TEST(CaseFolders, AreThere) {
     EXPECT_FALSE(case_folders(KORVAT_EXAMPLES_DIR).empty());
 }
 
+TEST(CaseFolders, EachSaysWhatItShows) {
+    for (const auto& list :
+         {case_folders(KORVAT_CASES_DIR), fault_case_folders(KORVAT_CASES_DIR)}) {
+        for (const std::filesystem::path& folder : list) {
+            ASSERT_TRUE(std::filesystem::exists(folder / "about.txt")) << folder;
+            const std::string about = read_whole_file(folder / "about.txt");
+            EXPECT_NE(about, "") << folder;
+            EXPECT_FALSE(about.starts_with("(to be written")) << folder;
+        }
+    }
+}
+
 class DocumentedDeck : public testing::TestWithParam<const char*> {};
 
 TEST_P(DocumentedDeck, RunsAsShown) {
