@@ -4,7 +4,7 @@
 #include "compute/discretise.hpp"
 #include "compute/section_properties.hpp"
 #include "compute/yldsrf.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
 
 #include <cstdint>
 #include <cstdlib>
@@ -16,7 +16,7 @@ void check_tip_code(Store& cmn, int np) {
     const int nodes = cmn.NELP(np) + 1;
     if (std::abs(std::int64_t{cmn.ITIP(np)}) < nodes) return;
     cmn.IERR = 1;
-    report_error(cmn, cmn.NF6, cmn.ITIP_place(np),
+    report_error(cmn, cmn.NF6, cmn.report.places.ITIP(np),
                  "(/,' **** SR/BUILD : TIP CODE ERROR  NP,ND,ICTIP=',3i5)", np, nodes,
                  cmn.ITIP(np));
 }
@@ -27,7 +27,7 @@ void check_fixing(Store& cmn, int np) {
     if (f == 0 || cmn.NELP(f) == 0) return;
     cmn.IERR = 1;
     report_error(
-        cmn, cmn.NF6, cmn.IFIX_place(np),
+        cmn, cmn.NF6, cmn.report.places.IFIX(np),
         "(/,' **** SR/BUILD : PILE ',i3.3,' FIXED TO ',i3.3,' , THIS IS NOT A DUMMY PILE')", np, f);
 }
 

@@ -1,7 +1,7 @@
 // Turns the model as read into discrete piles.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

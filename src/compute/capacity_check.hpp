@@ -1,7 +1,7 @@
 // The two capacity checks of a tubular section under axial force and bending.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <array>
 

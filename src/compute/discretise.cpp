@@ -1,8 +1,8 @@
 // Nodes and elements of every pile.
 #include "compute/discretise.hpp"
 
-#include "model/integer.hpp"
-#include "model/report_error.hpp"
+#include "model/store/integer.hpp"
+#include "model/store/report_error.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -55,7 +55,7 @@ bool add_segment(Store& cmn, int np, int g, int& node) {
         x = x + le;
         ++node;
         if (node > cmn.MAXNOD) {
-            report_error(cmn, cmn.NF6, cmn.NSEGP_place(np),
+            report_error(cmn, cmn.NF6, cmn.report.places.NSEGP(np),
                          "(/,' **** SR/BUILD : Too many nodes on pile NP',/,' NP,ND,MAX =',3i5)",
                          np, node, cmn.MAXNOD);
             cmn.IERR = 1;
@@ -92,7 +92,7 @@ bool build_pile_of_segments(Store& cmn, int np) {
     const double L2 = std::sqrt(dy * dy + dx * dx + dz * dz);
     const double d = std::fabs(L1) < cmn.TOL ? cmn.TOL : L1;
     if (std::fabs(L2 - L1) / d > length_tolerance) {
-        report_error(cmn, cmn.NF6, cmn.NSEGP_place(np),
+        report_error(cmn, cmn.NF6, cmn.report.places.NSEGP(np),
                      "(/,' **** SR/BUILD : PILE LENGTH ERROR  NP,L1,L2=',i5,2f12.4)", np, L1, L2);
         cmn.IERR = 1;
         return false;

@@ -1,7 +1,7 @@
 // Nodes and elements of every pile.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

@@ -1,6 +1,8 @@
 // Property records of the cross sections, plain and composite.
 #include "compute/section_properties.hpp"
 
+#include "model/store/slots.hpp"
+
 namespace korvat {
 namespace {
 

@@ -2,9 +2,9 @@
 #include "compute/yldsrf.hpp"
 
 #include "compute/capacity_check.hpp"
-#include "compute/section_properties.hpp"
 #include "fortran/stop.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/slots.hpp"
 
 #include <algorithm>
 #include <array>
@@ -40,7 +40,7 @@ struct Tube {
 
 [[noreturn]] void stop_at_iteration_limit(const Tube& tube) {
     Store& cmn = tube.cmn;
-    report_error(cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
+    report_error(cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section),
                  "(/,' **** SR/YLDSRF : 100 iterations reached')");
     stop_run(cmn);
 }
@@ -62,7 +62,7 @@ Tube tube_of(Store& cmn, int i) {
 // Utilisation under an axial force N, positive in compression, and a moment M.
 double utilisation(const Tube& tube, double N, double M) {
     Store& cmn = tube.cmn;
-    const DeckPlace& place = cmn.NLCRS_place(tube.section);
+    const DeckPlace& place = cmn.report.places.NLCRS(tube.section);
     SectionForces forces{};
     forces[axial_force] = N;
     forces[bending_2] = M;
@@ -137,7 +137,7 @@ Curve elastic_moments(const Tube& tube, const Curve& levels, const Curve& plasti
         const double siga = std::fabs(levels[k]) / tube.A;
         if (tube.sigy - siga < 0.0) {
             report_error(
-                cmn, cmn.NF6, cmn.NLCRS_place(tube.section),
+                cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section),
                 "(/,' **** SR/YLDSRF : Negative bending stress',/,' N,FAXL(N),SIGA,SIGY=',i5,3f10.3)",
                 static_cast<int>(k) + 1, levels[k], siga, tube.sigy);
             stop_run(cmn);

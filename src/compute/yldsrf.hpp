@@ -1,7 +1,7 @@
 // Yield curves of a tubular cross section.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

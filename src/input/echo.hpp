@@ -1,7 +1,7 @@
 // Prints the whole input file with line numbers between two column rulers.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string_view>
 

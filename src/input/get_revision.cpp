@@ -2,7 +2,7 @@
 #include "input/get_revision.hpp"
 
 #include "fortran/number.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
 
 #include <array>
 #include <string>

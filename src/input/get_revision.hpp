@@ -1,7 +1,7 @@
 // Finds the revision of the input's layout from a version line near its top.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string_view>
 

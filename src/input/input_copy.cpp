@@ -15,13 +15,14 @@ bool is_comment(std::string_view line) {
 // Copies the lines; deck_end receives the number of the last line tried, the one that ended it.
 ReadStatus copy_lines(Store& cmn, int NFR, int NFW) {
     fortran::Text<120> line;
-    for (cmn.deck_end = 1;; ++cmn.deck_end) {
+    int& number = cmn.report.deck_end;
+    for (number = 1;; ++number) {
         const ReadStatus status = cmn.runtime.read_line(NFR, line);
         if (status != ReadStatus::line) return status;
         if (line.first(3) == "END") return status;
-        if (cmn.deck_end > 1 && is_comment(line.view())) continue;
+        if (number > 1 && is_comment(line.view())) continue;
         cmn.runtime.write(NFW, "(a120)", line);
-        cmn.deck_lines.push_back(cmn.deck_end);
+        cmn.report.deck_lines.push_back(number);
     }
 }
 
@@ -31,8 +32,8 @@ ReadStatus copy_without_comments(Store& cmn, int NFR, int NFW) {
     cmn.runtime.rewind(NFR);
     cmn.runtime.rewind(NFW);
     const ReadStatus status = copy_lines(cmn, NFR, NFW);
-    const bool nothing_read = cmn.deck_end == 1 && status == ReadStatus::error;
-    if (status == ReadStatus::end || nothing_read) --cmn.deck_end; // there is no such line
+    const bool nothing_read = cmn.report.deck_end == 1 && status == ReadStatus::error;
+    if (status == ReadStatus::end || nothing_read) --cmn.report.deck_end; // there is no such line
     if (!cmn.runtime.wrote_all(NFW)) throw std::runtime_error("the input could not be copied");
     return status;
 }

@@ -1,7 +1,7 @@
 // Shows the last lines read from the temporary input copy after a fault.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

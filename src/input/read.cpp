@@ -1,8 +1,8 @@
 // Free-format record reader: one logical record of numbers, continued over lines by its count.
 #include "input/read.hpp"
 
-#include "model/integer.hpp"
-#include "model/report_error.hpp"
+#include "model/store/integer.hpp"
+#include "model/store/report_error.hpp"
 
 #include <algorithm>
 #include <string>
@@ -25,6 +25,12 @@ struct Record {
     std::string line_above; // up to its last non-blank character, at least one
     int NPHYS = 0;
     int NTOT = 0; // numbers found so far
+    RecordLines lines{};
+
+    [[nodiscard]] LineColumns& line(int j) { return lines.at(static_cast<std::size_t>(j)); }
+    [[nodiscard]] const LineColumns& line(int j) const {
+        return lines.at(static_cast<std::size_t>(j));
+    }
 };
 
 std::string shown_line_above(const Line& LINE) {
@@ -46,7 +52,7 @@ void show_context(const Record& record) {
     unit.write(out, "(a,/)", characters(" " + std::string(79, '-')));
     unit.write(out, "(1x,a)", characters("- " + record.line_above));
     for (int j = 0; j < record.NPHYS; ++j) {
-        const LineColumns& line = record.cmn.LINE_columns.at(static_cast<std::size_t>(j));
+        const LineColumns& line = record.line(j);
         unit.write(out, "(1x,2a)", characters(j == 0 ? "- " : "& "),
                    characters(record.LINE.columns(static_cast<std::size_t>(line.first),
                                                   static_cast<std::size_t>(line.last))));
@@ -81,7 +87,7 @@ void report_nothing_found(const Record& record) {
 // `culprit` is the number of the record that is none, or one too many.
 void report_wrong_count(const Record& record, int NVAR, int culprit) {
     report(
-        record, place_of_number(record.cmn, record.LINE, record.cmn.NLINE, culprit),
+        record, place_of_number(record.lines, record.LINE, record.cmn.NLINE, culprit),
         "(/,' **** SR/READ : NUMBER OF VARIABLES WHICH SHOULD BE ON ','LINE:',i5,',',/,'                WAS NOT EQUAL TO NUMBER OF INPUT ','VARIABLES FOUND:',i5,',',/,'                AT LOCATION = ',i5)",
         NVAR, record.NTOT, record.LOC);
 }
@@ -102,7 +108,7 @@ bool fetch_line(Record& record, int INUNIT, int IS) {
     }
     record.LINE.assign_from(static_cast<std::size_t>(IS), line.view(), physical_width);
     const int last = std::max(static_cast<int>(last_non_blank(record.LINE.view())), 1);
-    record.cmn.LINE_columns.at(static_cast<std::size_t>(record.NPHYS)) = {IS, std::max(last, IS)};
+    record.line(record.NPHYS) = {IS, std::max(last, IS)};
     ++record.NPHYS;
     return true;
 }
@@ -114,7 +120,7 @@ bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
     while (true) {
         if (!fetch_line(record, INUNIT, IS)) return false;
         const bool is_first = record.NPHYS == 1;
-        const int IE = record.cmn.LINE_columns.at(static_cast<std::size_t>(record.NPHYS - 1)).last;
+        const int IE = record.line(record.NPHYS - 1).last;
 
         int found = is_first && NVAR >= 1 ? NVAR : 0;
         int conversion = 0;
@@ -156,16 +162,17 @@ void read(Store& cmn, int& NVAR, int LOC, int INUNIT, int IOUNIT, int& NPHYS, Li
     Record record{cmn, LOC, IOUNIT, LINE, shown_line_above(LINE)};
     LINE.fill_blank();
     const bool succeeded = read_lines(record, NVAR, INUNIT, VAR);
+    cmn.report.record_lines = record.lines;
     NPHYS = record.NPHYS;
     IERR = succeeded ? 0 : 1;
 }
 
-DeckPlace place_of_number(const Store& cmn, const Line& LINE, int first_line, int i) {
+DeckPlace place_of_number(const RecordLines& lines, const Line& LINE, int first_line, int i) {
     DeckPlace place{.line = first_line};
     const std::size_t position = position_of_number(LINE.view(), i);
     if (position == std::string_view::npos) return place;
     const int column = static_cast<int>(position) + 1;
-    for (const LineColumns& line : cmn.LINE_columns) {
+    for (const LineColumns& line : lines) {
         if (column <= line.last) {
             place.column = column - line.first + 1;
             return place;

@@ -1,7 +1,7 @@
 // Free-format record reader: one logical record of numbers, continued over lines by its count.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string_view>
 
@@ -34,8 +34,9 @@ void getnum(std::string_view line, int K, Values& VAR, int& N, int& IERR);
 // Position of the k-th number (from 1) of a line, from 0; npos when there is none.
 [[nodiscard]] std::size_t position_of_number(std::string_view line, int k);
 
-// Place of the i-th number (from 1) of the record that was read last, into LINE, and whose first
-// physical line is number `first_line` of NF12; the whole of that line when there is no such number.
-[[nodiscard]] DeckPlace place_of_number(const Store& cmn, const Line& LINE, int first_line, int i);
+// Place of the i-th number (from 1) of a record that was read into LINE and whose first physical
+// line is number `first_line` of NF12; the whole of that line when there is no such number.
+[[nodiscard]] DeckPlace place_of_number(const RecordLines& lines, const Line& LINE, int first_line,
+                                        int i);
 
 } // namespace korvat

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "fortran/text.hpp"
-#include "model/store.hpp"
+#include "model/store/store.hpp"
+#include "model/store/time_fields.hpp"
 
 #include <array>
 #include <string_view>
@@ -19,7 +20,7 @@ struct printpil_save {
 struct PageTexts {
     const fortran::Text<10>& version;
     const fortran::Text<11>& release_date;
-    const Table1<int, 6>& ITIME; // year, month 0..11, day, hour, minute, second
+    const TimeFields& ITIME;
 };
 
 // Begins a page: the carriage control, the version, the time and the label.

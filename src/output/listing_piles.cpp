@@ -1,5 +1,5 @@
 // Piles in the result listing: nodes, batter and length, dummy pile heads, check sums.
-#include "compute/section_properties.hpp"
+#include "model/store/slots.hpp"
 #include "output/listing_pages.hpp"
 
 #include <cmath>

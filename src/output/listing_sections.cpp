@@ -1,5 +1,5 @@
 // Cross sections in the result listing.
-#include "compute/section_properties.hpp"
+#include "model/store/slots.hpp"
 #include "output/listing_pages.hpp"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Reads the load vectors and writes the load file LOAD.09.
 #include "output/loads.hpp"
 
-#include "model/deck_reader.hpp"
-#include "model/integer.hpp"
+#include "model/sections/deck_reader.hpp"
+#include "model/store/integer.hpp"
 
 namespace korvat {
 namespace {

@@ -1,7 +1,7 @@
 // Reads the load vectors and writes the load file LOAD.09.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 #include "output/record_file.hpp"
 
 namespace korvat {

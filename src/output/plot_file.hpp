@@ -1,7 +1,7 @@
 // Writes the plot file: node coordinates of every pile.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 namespace korvat {
 

@@ -8,7 +8,7 @@ namespace korvat {
 
 void write_page_header(Store& cmn, const PageTexts& texts) {
     const auto& months = cmn.printpil_sve->get<printpil_save>().months;
-    const Table1<int, 6>& ITIME = texts.ITIME;
+    const TimeFields& ITIME = texts.ITIME;
     const std::string_view month = months.at(static_cast<std::size_t>(ITIME(2)));
     cmn.runtime.write(
         cmn.NF13,
@@ -19,7 +19,7 @@ void write_page_header(Store& cmn, const PageTexts& texts) {
 }
 
 void printpil(Store& cmn, const fortran::Text<10>& version, const fortran::Text<11>& release_date,
-              const Table1<int, 6>& ITIME) {
+              const TimeFields& ITIME) {
     const PageTexts texts{version, release_date, ITIME};
     write_page_header(cmn, texts);
     write_cross_section_tables(cmn);

@@ -54,10 +54,6 @@ int RecordFile::close() {
     return error;
 }
 
-RecordFile open_record_file(const std::string& file_name) {
-    return RecordFile(std::make_shared<VESKA::TolvanCommonLibrary::IO::StreamWriter>(file_name));
-}
-
 void RecordBuilder::add_bytes(std::uint64_t value, int count) {
     for (int i = 0; i < count; ++i) {
         bytes_ += static_cast<char>((value >> (8 * i)) & 0xFFU);

@@ -1,7 +1,7 @@
 // Binary files of unformatted records in the segmented layout that TOLVAN reads.
 #pragma once
 
-#include "output/stream_writer.hpp"
+#include "output/i_stream_writer.hpp"
 
 #include <cstdint>
 #include <memory>
@@ -43,10 +43,6 @@ private:
 
     std::shared_ptr<IStreamWriter> stream_;
 };
-
-// Creates the stream of a record file on disk and opens the record file on it. Raises
-// std::runtime_error when the file cannot be opened.
-[[nodiscard]] RecordFile open_record_file(const std::string& file_name);
 
 // Collects the items of one record, in order, and writes it once.
 class RecordBuilder {

@@ -1,8 +1,9 @@
 // Writes the analysis input file PILE.07 and the plot file.
 #include "output/save.hpp"
 
-#include "compute/section_properties.hpp"
-#include "model/report_error.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/slots.hpp"
+#include "model/store/special_codes.hpp"
 #include "output/plot_file.hpp"
 
 #include <algorithm>
@@ -12,11 +13,6 @@ namespace korvat {
 namespace {
 
 using NodeValues = Table2<double, limits::node_components, limits::pile_nodes>;
-
-constexpr int spring_code = 1;
-constexpr int force_code = 2;
-constexpr int displacement_code = 3;
-constexpr int temperature_code = 4;
 
 // What the records of one run of save share.
 struct Output {
@@ -77,8 +73,8 @@ void write_section_types(const Output& out) {
 }
 
 NodeValues& values_of_code(Store& cmn, int code) {
-    if (code == spring_code) return cmn.VNOD1;
-    if (code == force_code) return cmn.VNOD2;
+    if (code == special_code::spring_stiffness) return cmn.VNOD1;
+    if (code == special_code::force) return cmn.VNOD2;
     return cmn.VNOD3;
 }
 
@@ -93,13 +89,13 @@ bool collect_special_values(Store& cmn, int np, int nodes) {
         const int ND2 = cmn.ISPNOD(4, r);
         if (ND2 > nodes) {
             report_error(
-                cmn, cmn.NF6, cmn.ISPNOD_place(r),
+                cmn, cmn.NF6, cmn.report.places.ISPNOD(r),
                 "(/,' **** SPECIAL NODE VALUES PROBLEM',/,' PILE, NODE, MAX ALLOWED NODE =',3i5)",
                 np, ND2, nodes);
             cmn.IERR = 1;
             return false;
         }
-        if (cmn.ISPCOD(r) == temperature_code) continue;
+        if (cmn.ISPCOD(r) == special_code::temperature) continue;
         NodeValues& target = values_of_code(cmn, cmn.ISPCOD(r));
         for (int n = ND1; n <= ND2; ++n) {
             std::ranges::copy(cmn.SPVAL.column(r), target.column(n).begin());
@@ -113,7 +109,8 @@ DeckPlace place_of_displacements(const Store& cmn, int np) {
     DeckPlace place;
     for (int r = 1; r <= cmn.NUMSPC; ++r) {
         if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
-        if (cmn.ISPCOD(r) == displacement_code) place.line = cmn.ISPNOD_place(r).line;
+        if (cmn.ISPCOD(r) == special_code::displacement)
+            place.line = cmn.report.places.ISPNOD(r).line;
     }
     return place;
 }

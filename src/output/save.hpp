@@ -1,7 +1,7 @@
 // Writes the analysis input file PILE.07 and the plot file.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 #include "output/record_file.hpp"
 
 namespace korvat {

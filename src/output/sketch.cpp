@@ -2,7 +2,7 @@
 #include "output/sketch.hpp"
 
 #include "fortran/save_holder.hpp"
-#include "model/integer.hpp"
+#include "model/store/integer.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // Character plot of points in a plane, on the listing.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <span>
 

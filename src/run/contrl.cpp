@@ -3,8 +3,9 @@
 
 #include "compute/build.hpp"
 #include "input/echo.hpp"
-#include "model/readpi.hpp"
-#include "model/report_error.hpp"
+#include "model/sections/readpi.hpp"
+#include "model/store/report_error.hpp"
+#include "model/store/run_constants.hpp"
 #include "output/loads.hpp"
 #include "output/printpil.hpp"
 #include "output/save.hpp"
@@ -12,12 +13,12 @@
 #include "platform/files.hpp"
 #include "run/identification.hpp"
 #include "run/identification_page.hpp"
+#include "run/open_record_file.hpp"
 #include "run/scratch_files.hpp"
 #include "run/time_stamp.hpp"
 
 #include <algorithm>
 #include <cerrno>
-#include <cmath>
 #include <new>
 #include <optional>
 #include <string>
@@ -54,7 +55,7 @@ int open_with_backup(Store& cmn, int unit, const std::string& name) {
     platform::remove_file(backup);
     platform::rename_file(name, backup);
     const int error = cmn.runtime.open(unit, name, OpenStatus::new_file);
-    if (error == 0) cmn.outputs.push_back(name);
+    if (error == 0) cmn.report.outputs.push_back(name);
     return error;
 }
 
@@ -72,27 +73,6 @@ void open_message_log(Run& run) {
                       right_justified(run.texts.version.view()), run.texts.release_date);
 }
 
-void set_constants(Run& run) {
-    Store& cmn = run.cmn;
-    cmn.NF7 = 7;
-    cmn.NF9 = 9;
-    cmn.NF11 = 11;
-    cmn.NF12 = 12;
-    cmn.NF13 = 13;
-    cmn.NF14 = 14;
-    cmn.PI = 4.0 * std::atan(1.0);
-    cmn.TOL = 1.0e-10;
-    cmn.MAXPIL = limits::piles;
-    cmn.MAXCRS = limits::cross_sections;
-    cmn.MAXMAT = limits::materials;
-    cmn.MAXSEG = limits::segment_types;
-    cmn.MAXELM = limits::pile_elements;
-    cmn.MAXNOD = limits::pile_nodes;
-    cmn.MAXSPP = limits::pile_segments;
-    cmn.MAXSPC = limits::special_records;
-    run.EXMSG.assign("NORMAL EXIT FROM KORVAT");
-}
-
 // Writes the error line of a failed open or step; the run takes the error exit.
 bool fail(Run& run, std::string_view format) {
     report_error(run.cmn, run.cmn.NF6, {}, format, run.cmn.IERR);
@@ -103,7 +83,7 @@ bool fail(Run& run, std::string_view format) {
 RecordFile create_record_file(Run& run, const std::string& name, std::string_view format) {
     try {
         RecordFile file = open_record_file(name);
-        run.cmn.outputs.push_back(name);
+        run.cmn.report.outputs.push_back(name);
         return file;
     } catch (const std::bad_alloc&) {
         throw; // says nothing of the file
@@ -124,7 +104,7 @@ bool open_files(Run& run) {
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF13, "KORVAT.LIS");
     if (cmn.IERR != 0) {
-        cmn.fault.file = "KORVAT.LIS";
+        cmn.report.fault.file = "KORVAT.LIS";
         return fail(run, "(/,' **** SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=',i5)");
     }
     cmn.IERR = open_with_backup(cmn, cmn.NF14, "PILEPLOT.TXT"); // not tested
@@ -230,7 +210,7 @@ void close_record_file(Run& run, std::optional<RecordFile>& file, const std::str
     if (!file) return;
     const int error = file->close();
     file.reset();
-    if (error != 0) run.cmn.lost_records.push_back({name, error});
+    if (error != 0) run.cmn.report.lost_records.push_back({name, error});
 }
 
 void close_load_file(Run& run) {
@@ -287,7 +267,8 @@ int contrl(Store& cmn, const Steps& steps) {
             .listing_time = {}};
     try {
         open_message_log(run);
-        set_constants(run);
+        set_run_constants(cmn);
+        run.EXMSG.assign("NORMAL EXIT FROM KORVAT");
         if (!run_steps(run)) run.EXMSG.assign("ERROR EXIT FROM KORVAT");
         close_run(run);
     } catch (...) {
@@ -301,8 +282,8 @@ int contrl(Store& cmn, const Steps& steps) {
 std::vector<fortran::WriteFault> close_outputs(Store& cmn) {
     cmn.runtime.close_all();
     std::vector<fortran::WriteFault> lost = cmn.runtime.write_faults();
-    lost.insert(lost.end(), cmn.lost_records.begin(), cmn.lost_records.end());
-    for (const std::string& name : cmn.outputs) {
+    lost.insert(lost.end(), cmn.report.lost_records.begin(), cmn.report.lost_records.end());
+    for (const std::string& name : cmn.report.outputs) {
         const auto is_name = [&](const fortran::WriteFault& fault) { return fault.file == name; };
         if (std::ranges::any_of(lost, is_name)) continue;
         if (!platform::file_exists(name)) lost.push_back({name, ENOENT});

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "fortran/text.hpp"
-#include "model/store.hpp"
+#include "model/store/store.hpp"
+#include "model/store/time_fields.hpp"
 #include "output/record_file.hpp"
-#include "run/time_stamp.hpp"
 
 #include <span>
 #include <vector>

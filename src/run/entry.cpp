@@ -37,7 +37,7 @@ RunEnd run_on_fresh_store(int argc, const char* const* argv) {
     RunEnd end{.exit_code = run_driver(*cmn, exception)};
     const std::vector<fortran::WriteFault> lost = close_outputs(*cmn);
     if (!lost.empty()) end.exit_code = output_lost;
-    if (end.exit_code != 0) end.report = run_report(*cmn, lost, exception);
+    if (end.exit_code != 0) end.report = run_report(cmn->report, lost, exception);
     return end;
 }
 

@@ -1,7 +1,7 @@
 // The identification page at the top of the message log.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 #include "run/identification.hpp"
 #include "run/time_stamp.hpp"
 

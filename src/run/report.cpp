@@ -1,6 +1,7 @@
 // What a failed run tells on standard error.
 #include "run/report.hpp"
 
+#include "fortran/text.hpp"
 #include "platform/files.hpp"
 
 #include <algorithm>
@@ -48,10 +49,10 @@ std::string one_line(std::string_view message) {
 }
 
 // The number in the deck of a line of the copy; 0 when there is none.
-int deck_line_number(const Store& cmn, int line) {
+int deck_line_number(const Report& run, int line) {
     if (line < 1) return 0;
     const auto index = static_cast<std::size_t>(line - 1);
-    return index < cmn.deck_lines.size() ? cmn.deck_lines[index] : cmn.deck_end;
+    return index < run.deck_lines.size() ? run.deck_lines[index] : run.deck_end;
 }
 
 // A line of the deck as the user sees it, at most so much of it as the program reads.
@@ -81,9 +82,9 @@ std::string caret_line(std::string_view line, int column) {
     return text + "^";
 }
 
-void tell_fault(const Store& cmn, std::string& report) {
-    const Fault& fault = cmn.fault;
-    const int number = deck_line_number(cmn, fault.place.line);
+void tell_fault(const Report& run, std::string& report) {
+    const Fault& fault = run.fault;
+    const int number = deck_line_number(run, fault.place.line);
     report += "korvat: " + fault.file + ":";
     if (number > 0) report += std::to_string(number) + ":";
     report += " " + one_line(fault.message) + "\n";
@@ -93,16 +94,16 @@ void tell_fault(const Store& cmn, std::string& report) {
             if (fault.place.column > 0) report += caret_line(*line, fault.place.column) + "\n";
         }
     }
-    const bool has_log = std::ranges::find(cmn.outputs, "KORVAT.MLG") != cmn.outputs.end();
+    const bool has_log = std::ranges::find(run.outputs, "KORVAT.MLG") != run.outputs.end();
     if (has_log) report += "see KORVAT.MLG\n";
 }
 
 } // namespace
 
-std::string run_report(const Store& cmn, const std::vector<fortran::WriteFault>& lost,
+std::string run_report(const Report& run, const std::vector<fortran::WriteFault>& lost,
                        std::string_view exception) {
     std::string report;
-    if (!cmn.fault.message.empty()) tell_fault(cmn, report);
+    if (!run.fault.message.empty()) tell_fault(run, report);
     for (const fortran::WriteFault& fault : lost) {
         report += "korvat: cannot write " + fault.file + ": " + platform::error_text(fault.error);
         report += '\n';

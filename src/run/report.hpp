@@ -1,7 +1,7 @@
 // What a failed run tells on standard error.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/report.hpp"
 
 #include <string>
 #include <string_view>
@@ -13,7 +13,8 @@ namespace korvat {
 // under the value at fault, and where to read on; then every output that could not be written.
 // `exception` is what escaped the run; it is told when there is nothing else to tell. The deck is
 // read once more from the current directory; where that fails its line is left out.
-[[nodiscard]] std::string run_report(const Store& cmn, const std::vector<fortran::WriteFault>& lost,
+[[nodiscard]] std::string run_report(const Report& run,
+                                     const std::vector<fortran::WriteFault>& lost,
                                      std::string_view exception);
 
 } // namespace korvat

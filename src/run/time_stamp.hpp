@@ -1,14 +1,12 @@
 // Time stamps of a run.
 #pragma once
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
+#include "model/store/time_fields.hpp"
 
 #include <string_view>
 
 namespace korvat {
-
-// Year, month 0..11 (the index of the month name), day, hour, minute, second; local time.
-using TimeFields = Table1<int, 6>;
 
 // Name of a zero-based month in capitals, like "JAN".
 [[nodiscard]] std::string_view month_name(int month);

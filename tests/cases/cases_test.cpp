@@ -100,6 +100,18 @@ TEST(CaseFolders, AreThere) {
     EXPECT_FALSE(case_folders(KORVAT_EXAMPLES_DIR).empty());
 }
 
+TEST(CaseFolders, EachSaysWhatItShows) {
+    for (const auto& list :
+         {case_folders(KORVAT_CASES_DIR), fault_case_folders(KORVAT_CASES_DIR)}) {
+        for (const std::filesystem::path& folder : list) {
+            ASSERT_TRUE(std::filesystem::exists(folder / "about.txt")) << folder;
+            const std::string about = read_whole_file(folder / "about.txt");
+            EXPECT_NE(about, "") << folder;
+            EXPECT_FALSE(about.starts_with("(to be written")) << folder;
+        }
+    }
+}
+
 // The text between the line ```korvat-deck and the next line ```, for each such block.
 std::vector<std::string> decks_shown_in(const std::filesystem::path& document) {
     std::vector<std::string> decks;

@@ -4,6 +4,7 @@
 
 #include "compute/capacity_check.hpp"
 
+#include <cmath>
 #include <set>
 
 namespace korvat::test {

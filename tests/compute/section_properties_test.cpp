@@ -4,6 +4,7 @@
 #include "compute/section_properties.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace korvat::test {

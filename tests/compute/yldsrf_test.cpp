@@ -2,11 +2,12 @@
 #include "capacity_reference.hpp"
 #include "support/model_fixture.hpp"
 
-#include "compute/section_properties.hpp"
 #include "compute/yldsrf.hpp"
+#include "model/store/slots.hpp"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <limits>

@@ -1,7 +1,7 @@
 // Saved local state of a routine: made at its first call, kept between calls, gone with its holder.
 #include "fortran/save_holder.hpp"
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -4,7 +4,7 @@
 #include "require.hpp"
 #include "scratch.hpp"
 
-#include "model/store.hpp"
+#include "model/store/store.hpp"
 
 #include <string>
 #include <string_view>

@@ -3,7 +3,7 @@
 #include "require.hpp"
 #include "scratch.hpp"
 
-#include "output/record_file.hpp"
+#include "run/open_record_file.hpp"
 #include "support/record_file.hpp"
 
 #include <bit>

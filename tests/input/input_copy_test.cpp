@@ -98,32 +98,32 @@ TEST_F(InputCopy, ReadErrorIsToldOnPosix) {
 
 TEST_F(InputCopy, KeepsTheDecksOwnLineNumbers) {
     copy_of("* label\n* star\n 1\nC upper\nc lower\n\n 2\nEND\n 3\n");
-    EXPECT_EQ(cmn().deck_lines, (std::vector{1, 3, 6, 7}));
-    EXPECT_EQ(cmn().deck_end, 8);
+    EXPECT_EQ(cmn().report.deck_lines, (std::vector{1, 3, 6, 7}));
+    EXPECT_EQ(cmn().report.deck_end, 8);
 }
 
 TEST_F(InputCopy, WithoutEndTheLastLineEndedTheCopy) {
     copy_of("label\n 1\n* star\n");
-    EXPECT_EQ(cmn().deck_lines, (std::vector{1, 2}));
-    EXPECT_EQ(cmn().deck_end, 3);
+    EXPECT_EQ(cmn().report.deck_lines, (std::vector{1, 2}));
+    EXPECT_EQ(cmn().report.deck_end, 3);
 }
 
 TEST_F(InputCopy, ALastLineMayLackItsLineEnd) {
     copy_of("label\n 1");
-    EXPECT_EQ(cmn().deck_lines, (std::vector{1, 2}));
-    EXPECT_EQ(cmn().deck_end, 2);
+    EXPECT_EQ(cmn().report.deck_lines, (std::vector{1, 2}));
+    EXPECT_EQ(cmn().report.deck_end, 2);
 }
 
 TEST_F(InputCopy, AnEmptyDeckHasNoLine) {
     copy_of("");
-    EXPECT_EQ(cmn().deck_lines, std::vector<int>{});
-    EXPECT_EQ(cmn().deck_end, 0);
+    EXPECT_EQ(cmn().report.deck_lines, std::vector<int>{});
+    EXPECT_EQ(cmn().report.deck_end, 0);
 }
 
 TEST_F(InputCopy, AnUnreadableDeckHasNoLineOnPosix) {
     give_directory(11, "KORVAT.INP");
     EXPECT_EQ(copy_without_comments(cmn(), 11, 12), ReadStatus::error);
-    EXPECT_EQ(cmn().deck_end, 0);
+    EXPECT_EQ(cmn().report.deck_end, 0);
 }
 
 } // namespace

@@ -59,7 +59,7 @@ protected:
 
     fortran::Text<10> version_;
     fortran::Text<11> release_date_;
-    Table1<int, 6> time_;
+    TimeFields time_;
 };
 
 // Headings of the tables.

@@ -3,6 +3,7 @@
 #include "support/record_file.hpp"
 
 #include "output/loads.hpp"
+#include "run/open_record_file.hpp"
 
 #include <array>
 

@@ -17,13 +17,13 @@ protected:
     // The report of a run whose fault is on this line and column of the copy.
     std::string report(const std::string& deck, const DeckPlace& place) {
         directory.write_file("KORVAT.INP", deck);
-        cmn->fault.place = place;
-        return run_report(*cmn, {}, "");
+        given.fault.place = place;
+        return run_report(given, {}, "");
     }
 
     // The lines of a report between its first and its last.
     std::string shown(const std::string& deck_line, int column) {
-        cmn->deck_lines = {1};
+        given.deck_lines = {1};
         const std::string text = report(deck_line + "\n", {.line = 1, .column = column});
         const std::string first = "korvat: KORVAT.INP:1: bad\n";
         const std::string last = "see KORVAT.MLG\n";
@@ -33,13 +33,13 @@ protected:
     }
 
     Report() {
-        cmn->fault.message = "\n **** bad";
-        cmn->outputs = {"KORVAT.MLG"};
-        cmn->deck_lines = {1, 3, 4};
-        cmn->deck_end = 6;
+        given.fault.message = "\n **** bad";
+        given.outputs = {"KORVAT.MLG"};
+        given.deck_lines = {1, 3, 4};
+        given.deck_end = 6;
     }
 
-    std::unique_ptr<Store> cmn = std::make_unique<Store>(0, nullptr);
+    korvat::Report given;
 };
 
 const std::string deck = "label\n* star\n one\n 2 x\n* star\nEND of it\nbehind\n";
@@ -61,15 +61,15 @@ TEST_F(Report, BehindTheLastLineItShowsTheOneThatEndedTheInput) {
 
 TEST_F(Report, WithoutALineItNamesTheFileOnly) {
     EXPECT_EQ(report(deck, {}), "korvat: KORVAT.INP: bad\nsee KORVAT.MLG\n");
-    cmn->deck_lines.clear();
-    cmn->deck_end = 0;
+    given.deck_lines.clear();
+    given.deck_end = 0;
     EXPECT_EQ(report("", {.line = 1}), "korvat: KORVAT.INP: bad\nsee KORVAT.MLG\n");
-    cmn->fault.file = "KORVAT.LIS";
+    given.fault.file = "KORVAT.LIS";
     EXPECT_EQ(report("", {}), "korvat: KORVAT.LIS: bad\nsee KORVAT.MLG\n");
 }
 
 TEST_F(Report, WithoutALogItDoesNotSendThere) {
-    cmn->outputs = {"KORVAT.LIS"};
+    given.outputs = {"KORVAT.LIS"};
     EXPECT_EQ(report(deck, {}), "korvat: KORVAT.INP: bad\n");
 }
 
@@ -77,11 +77,11 @@ TEST_F(Report, ADeckThatIsGoneOrShorterNowIsNotShown) {
     EXPECT_EQ(report("label\n", {.line = 3, .column = 4}),
               "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
     std::filesystem::remove("KORVAT.INP");
-    EXPECT_EQ(run_report(*cmn, {}, ""), "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
+    EXPECT_EQ(run_report(given, {}, ""), "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
 }
 
 TEST_F(Report, JoinsTheLinesOfAMessage) {
-    cmn->fault.message = "\n **** SR/X : one  two\n\n   three,   \n                four";
+    given.fault.message = "\n **** SR/X : one  two\n\n   three,   \n                four";
     EXPECT_EQ(report(deck, {}),
               "korvat: KORVAT.INP: SR/X : one  two three, four\nsee KORVAT.MLG\n");
 }
@@ -107,7 +107,7 @@ TEST_F(Report, TheCaretStandsBehindALineThatEndsBeforeIt) {
 
 TEST_F(Report, NoControlCharacterReachesTheTerminal) {
     EXPECT_EQ(shown("a\x1B[2J\x7F\0z"s, 0), "a?[2J??z\n");
-    cmn->fault.message = " **** a\x1B[2J\tb";
+    given.fault.message = " **** a\x1B[2J\tb";
     EXPECT_EQ(report(deck, {}), "korvat: KORVAT.INP: a?[2J?b\nsee KORVAT.MLG\n");
 }
 
@@ -117,22 +117,23 @@ TEST_F(Report, ShowsAtMostTheColumnsThatAreRead) {
 }
 
 TEST_F(Report, TellsEveryOutputThatIsIncomplete) {
-    cmn->fault.message.clear();
-    EXPECT_EQ(run_report(*cmn, {{"PILE.07", ENOENT}, {"LOAD.09", EACCES}}, "stopped"),
+    given.fault.message.clear();
+    EXPECT_EQ(run_report(given, {{"PILE.07", ENOENT}, {"LOAD.09", EACCES}}, "stopped"),
               "korvat: cannot write PILE.07: No such file or directory\n"
               "korvat: cannot write LOAD.09: Permission denied\n");
 }
 
 TEST_F(Report, TellsTheFaultBeforeTheLostOutputs) {
-    EXPECT_EQ(run_report(*cmn, {{"PILE.07", EACCES}}, "stopped"),
+    EXPECT_EQ(run_report(given, {{"PILE.07", EACCES}}, "stopped"),
               "korvat: KORVAT.INP: bad\n"
               "see KORVAT.MLG\n"
               "korvat: cannot write PILE.07: Permission denied\n");
 }
 
 TEST_F(Report, TellsAnExceptionThatNothingElseExplains) {
-    cmn->fault.message.clear();
-    EXPECT_EQ(run_report(*cmn, {}, "Error rewinding file: x"), "korvat: Error rewinding file: x\n");
+    given.fault.message.clear();
+    EXPECT_EQ(run_report(given, {}, "Error rewinding file: x"),
+              "korvat: Error rewinding file: x\n");
 }
 
 } // namespace

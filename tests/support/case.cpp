@@ -1,6 +1,7 @@
 // Runs a case folder, a deck with what its run must leave behind, and compares.
 #include "case.hpp"
 
+#include "difference.hpp"
 #include "masks.hpp"
 #include "program.hpp"
 #include "scratch_directory.hpp"
@@ -8,7 +9,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
+#include <sstream>
 #include <stdexcept>
 
 namespace korvat::test {
@@ -18,41 +19,15 @@ namespace {
 const std::filesystem::path deck_name = "KORVAT.INP";
 constexpr std::string_view standard_error_name = "standard-error";
 constexpr std::string_view standard_output_name = "standard-output";
-constexpr std::array<std::string_view, 4> control_files = {
-    "exit-code", "outputs", standard_error_name, standard_output_name};
+constexpr std::string_view run_name = "run";
+constexpr std::array<std::string_view, 3> control_files = {run_name, standard_error_name,
+                                                           standard_output_name};
+constexpr std::string_view no_records = "K\x82"; // a record file's first byte and its last
 
-// Blanks at the end of a line as middle dots, bytes that do not print as their numbers.
-std::string visible(std::string_view line) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const std::size_t last = line.find_last_not_of(' ');
-    const std::size_t end = last == std::string_view::npos ? 0 : last + 1;
-    std::string text;
-    for (const char c : line.substr(0, end)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte < 0x7F) {
-            text += c;
-        } else {
-            text += std::string("\\x") + digits[byte / 16U] + digits[byte % 16U];
-        }
-    }
-    for (std::size_t i = end; i < line.size(); ++i)
-        text += "\xC2\xB7";
-    return "[" + text + "]";
-}
-
-std::string shown_line(const std::vector<std::string>& lines, std::size_t index) {
-    return index < lines.size() ? visible(lines[index]) : "(no such line)";
-}
-
-std::string joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : " ") + name;
-    return text;
-}
-
-std::vector<std::string> expected_outputs(const std::filesystem::path& case_dir) {
-    return split_lines(read_whole_file(case_dir / "expected" / "outputs"));
+// What expected/run says of a file that needs no more than a word.
+std::string word_for(std::string_view content) {
+    if (content.empty()) return " empty";
+    return content == no_records ? " no records" : "";
 }
 
 std::string masked(const std::string& name, const std::string& content) {
@@ -66,18 +41,16 @@ bool is_text(const std::string& name) {
            name == "KORVAT.INP";
 }
 
-void compare_file(const std::filesystem::path& expected, CaseResult& result) {
-    const std::string name = expected.filename().string();
+void compare_file(const std::string& name, std::string_view due, CaseResult& result) {
     const auto found = result.files.find(name);
     if (found == result.files.end()) {
         result.differences.push_back(name + " was not written");
         return;
     }
     const std::string content = masked(name, found->second);
-    const std::string due = read_whole_file(expected);
     const std::string difference =
         is_text(name) ? text_difference(content, due) : byte_difference(content, due);
-    if (!difference.empty()) result.differences.push_back(name + ", " + difference);
+    if (!difference.empty()) result.differences.push_back(name + ":\n" + difference);
 }
 
 // The standard streams are text: on Windows their lines end with CR LF.
@@ -91,7 +64,7 @@ void compare_stream(const std::string& name, const std::string& found,
                     const std::filesystem::path& expected, CaseResult& result) {
     const std::string due = std::filesystem::exists(expected) ? read_whole_file(expected) : "";
     const std::string difference = text_difference(found, due);
-    if (!difference.empty()) result.differences.push_back(name + ", " + difference);
+    if (!difference.empty()) result.differences.push_back(name + ":\n" + difference);
 }
 
 // Without a log its lines go to standard output.
@@ -166,7 +139,24 @@ std::vector<std::filesystem::path> fault_case_folders(const std::filesystem::pat
 }
 
 int expected_exit_code(const std::filesystem::path& case_dir) {
-    return std::stoi(read_whole_file(case_dir / "expected" / "exit-code"));
+    std::istringstream first_line(read_whole_file(case_dir / "expected" / run_name));
+    std::string exit;
+    std::string code;
+    int number = 0;
+    if (!(first_line >> exit >> code >> number) || exit != "exit" || code != "code") {
+        throw std::runtime_error("no exit code in expected/run of " + case_dir.string());
+    }
+    return number;
+}
+
+std::string described_run(const CaseResult& run) {
+    std::string text = "exit code " + std::to_string(run.exit_code) + "\n";
+    for (const std::string& name : run.outputs) {
+        const auto file = run.files.find(name);
+        const bool is_file = file != run.files.end();
+        text += name + (is_file ? word_for(file->second) : " directory") + "\n";
+    }
+    return text;
 }
 
 CaseResult run_deck(const std::filesystem::path& program, const std::string* deck) {
@@ -183,28 +173,25 @@ void lay_out_case(const std::filesystem::path& case_dir, const ScratchDirectory&
 }
 
 void compare_with_case(const std::filesystem::path& case_dir, CaseResult& result) {
-    const int exit_code = expected_exit_code(case_dir);
-    if (result.exit_code != exit_code) {
-        result.differences.push_back("exit code " + std::to_string(result.exit_code) + ", not " +
-                                     std::to_string(exit_code));
-    }
-    const std::vector<std::string> outputs = expected_outputs(case_dir);
-    if (result.outputs != outputs) {
-        result.differences.push_back("files left: " + joined(result.outputs) +
-                                     "\n  expected:   " + joined(outputs));
-    }
-    if (exit_code != 0 && !std::filesystem::exists(case_dir / "expected" / standard_error_name)) {
+    const std::filesystem::path expected_dir = case_dir / "expected";
+    const std::string run_difference =
+        text_difference(described_run(result), read_whole_file(expected_dir / run_name));
+    if (!run_difference.empty()) result.differences.push_back("run:\n" + run_difference);
+    if (expected_exit_code(case_dir) != 0 &&
+        !std::filesystem::exists(expected_dir / standard_error_name)) {
         result.differences.emplace_back("the case has no expected standard error");
     }
-    compare_streams(case_dir / "expected", result);
-    for (const std::filesystem::path& expected : sorted_entries(case_dir / "expected")) {
+    compare_streams(expected_dir, result);
+    for (const std::filesystem::path& expected : sorted_entries(expected_dir)) {
         const std::string name = expected.filename().string();
+        const std::string due = read_whole_file(expected);
         const bool control =
             std::find(control_files.begin(), control_files.end(), name) != control_files.end();
-        if (!control) compare_file(expected, result);
-    }
-    if (!result.differences.empty() && !result.standard_error.empty()) {
-        result.differences.push_back("standard error:\n" + result.standard_error);
+        if (!control) compare_file(name, due, result);
+        if (due.empty() || due == no_records) {
+            result.differences.push_back("expected/" + name +
+                                         " says no more than a word in expected/run would");
+        }
     }
 }
 
@@ -214,29 +201,6 @@ CaseResult run_case(const std::filesystem::path& program, const std::filesystem:
     CaseResult result = run_in(directory, program);
     compare_with_case(case_dir, result);
     return result;
-}
-
-std::string text_difference(std::string_view found, std::string_view expected) {
-    if (found == expected) return "";
-    const std::vector<std::string> found_lines = split_lines(found);
-    const std::vector<std::string> expected_lines = split_lines(expected);
-    const std::size_t common = std::min(found_lines.size(), expected_lines.size());
-    std::size_t line = 0;
-    while (line < common && found_lines[line] == expected_lines[line])
-        ++line;
-    return "line " + std::to_string(line + 1) + "\n  found    " + shown_line(found_lines, line) +
-           "\n  expected " + shown_line(expected_lines, line);
-}
-
-std::string byte_difference(std::string_view found, std::string_view expected) {
-    if (found == expected) return "";
-    const std::size_t common = std::min(found.size(), expected.size());
-    std::size_t offset = 0;
-    while (offset < common && found[offset] == expected[offset])
-        ++offset;
-    return "first differing byte at offset " + std::to_string(offset) + ", " +
-           std::to_string(found.size()) + " bytes found, " + std::to_string(expected.size()) +
-           " expected";
 }
 
 } // namespace korvat::test

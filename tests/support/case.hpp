@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace korvat::test {
@@ -36,6 +35,11 @@ CaseResult run_deck(const std::filesystem::path& program, const std::string* dec
 // the directory of a run.
 void lay_out_case(const std::filesystem::path& case_dir, const ScratchDirectory& directory);
 
+// A run in the form of a case's file expected/run: a line "exit code N", then a line for each name in
+// the directory. A word follows the name of what needs no expected file: "empty", "no records" (of a
+// record file), "directory".
+std::string described_run(const CaseResult& run);
+
 // Adds to the differences of a run what is not as the case's folder "expected" tells.
 void compare_with_case(const std::filesystem::path& case_dir, CaseResult& result);
 
@@ -43,9 +47,5 @@ void compare_with_case(const std::filesystem::path& case_dir, CaseResult& result
 CaseResult run_case(const std::filesystem::path& program, const std::filesystem::path& case_dir);
 
 int expected_exit_code(const std::filesystem::path& case_dir);
-
-// Empty when the texts are equal; else the first line that differs, of both, with its number.
-std::string text_difference(std::string_view found, std::string_view expected);
-std::string byte_difference(std::string_view found, std::string_view expected);
 
 } // namespace korvat::test

@@ -3,9 +3,8 @@
 
 #include "scratch_directory.hpp"
 
-#include "model/store.hpp"
+#include "model/store/run_constants.hpp"
 
-#include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
@@ -45,32 +44,12 @@ inline std::string padded(std::string text, std::size_t width) {
     return text;
 }
 
-// Unit numbers, limits and constants as every step of a run finds them.
-inline void set_run_constants(Store& cmn) {
-    cmn.NF5 = 5;
-    cmn.NF6 = 6;
-    cmn.NF7 = 7;
-    cmn.NF9 = 9;
-    cmn.NF11 = 11;
-    cmn.NF12 = 12;
-    cmn.NF13 = 13;
-    cmn.NF14 = 14;
-    cmn.PI = 4.0 * std::atan(1.0);
-    cmn.TOL = 1.0e-10;
-    cmn.MAXPIL = 200;
-    cmn.MAXCRS = 200;
-    cmn.MAXMAT = 20;
-    cmn.MAXSEG = 1000;
-    cmn.MAXELM = 450;
-    cmn.MAXNOD = 451;
-    cmn.MAXSPP = 20;
-    cmn.MAXSPC = 500;
-}
-
 // Units 6, 13 and 14 are open on the files of a run; 11 and 12 are for the test to open.
 class ModelTest : public testing::Test {
 protected:
     ModelTest() : current_(directory.path()), store_(std::make_unique<Store>(0, nullptr)) {
+        cmn().NF5 = 5;
+        cmn().NF6 = 6;
         set_run_constants(cmn());
         open(6, "KORVAT.MLG", fortran::OpenStatus::new_file);
         open(13, "KORVAT.LIS", fortran::OpenStatus::new_file);

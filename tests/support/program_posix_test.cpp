@@ -2,6 +2,7 @@
 #include "case.hpp"
 #include "program.hpp"
 #include "scratch_directory.hpp"
+#include "text.hpp"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -31,23 +32,82 @@ TEST(SupportProgram, ReportsCodesAndStreams) {
                  std::runtime_error);
 }
 
-TEST(SupportCase, RunsAFolder) {
+class OneCase : public testing::Test {
+protected:
+    OneCase() {
+        std::filesystem::create_directories(folder / "expected");
+        write_whole_file(folder / "KORVAT.INP", "deck\n");
+    }
+    void expect(const std::string& name, std::string_view content) const {
+        write_whole_file(folder / "expected" / name, content);
+    }
+    // Runs the commands instead of the program.
+    std::vector<std::string> differences(const std::string& commands) const {
+        return run_case(script(directory, commands), folder).differences;
+    }
+
     const ScratchDirectory directory;
-    const auto program = script(directory, "cp KORVAT.INP PILEPLOT.TXT; echo why >&2; exit 2\n");
     const std::filesystem::path folder = directory.path() / "some-case";
-    std::filesystem::create_directories(folder / "expected");
-    write_whole_file(folder / "KORVAT.INP", "deck\n");
-    write_whole_file(folder / "expected" / "exit-code", "2\n");
-    write_whole_file(folder / "expected" / "outputs", "KORVAT.INP\nPILEPLOT.TXT\n");
-    write_whole_file(folder / "expected" / "PILEPLOT.TXT", "deck\n");
-    write_whole_file(folder / "expected" / "standard-error", "why\n");
+};
+
+using Differences = std::vector<std::string>;
+
+TEST_F(OneCase, ComparesTheRunAndEveryFile) {
+    const std::string commands = "cp KORVAT.INP PILEPLOT.TXT; echo why >&2; exit 2\n";
+    expect("run", "exit code 2\nKORVAT.INP\nPILEPLOT.TXT\n");
+    expect("PILEPLOT.TXT", "deck\n");
+    expect("standard-error", "why\n");
     EXPECT_EQ(case_folders(directory.path()), (std::vector<std::filesystem::path>{folder}));
-    EXPECT_TRUE(run_case(program, folder).differences.empty());
-    write_whole_file(folder / "expected" / "exit-code", "0\n");
-    write_whole_file(folder / "expected" / "outputs", "KORVAT.INP\n");
-    write_whole_file(folder / "expected" / "PILEPLOT.TXT", "deck \n");
-    write_whole_file(folder / "expected" / "PILE.07", "K\x82");
-    EXPECT_EQ(run_case(program, folder).differences.size(), 5U); // with what standard error was
+    EXPECT_EQ(differences(commands), Differences{});
+    expect("run", "exit code 0\nKORVAT.INP\n");
+    expect("PILEPLOT.TXT", "deck \n");
+    expect("PILE.07", "K\x82\x82");
+    expect("standard-error", "Why\n");
+    EXPECT_EQ(differences(commands),
+              (Differences{"run:\n--- expected\n+++ found\n@@ -1,2 +1,3 @@\n-exit code 0\n"
+                           "+exit code 2\n KORVAT.INP\n+PILEPLOT.TXT",
+                           "standard error:\n--- expected\n+++ found\n@@ -1,1 +1,1 @@\n-Why\n+why",
+                           "PILE.07 was not written",
+                           "PILEPLOT.TXT:\n--- expected\n+++ found\n@@ -1,1 +1,1 @@\n"
+                           "-deck\xC2\xB7\n+deck"}));
+}
+
+TEST_F(OneCase, TellsWhichFilesAreEmpty) {
+    write_whole_file(folder / "directories", "PILEPLOT.TXT\n");
+    const std::string commands = ": >KORVAT.LIS; printf 'K\\202' >PILE.07; printf K >LOAD.09\n";
+    const std::string right = "exit code 0\nKORVAT.INP\nKORVAT.LIS empty\nLOAD.09\n"
+                              "PILE.07 no records\nPILEPLOT.TXT directory\n";
+    expect("run", right);
+    EXPECT_EQ(differences(commands), Differences{});
+    for (const std::string word : {" empty", " no records", " directory"}) {
+        expect("run", with_change(right, word, ""));
+        EXPECT_EQ(differences(commands).size(), 1U) << word;
+    }
+    expect("run", with_change(right, "LOAD.09", "LOAD.09 no records"));
+    EXPECT_EQ(differences(commands).size(), 1U);
+}
+
+TEST_F(OneCase, SaysByAWordWhatAWordCanSay) {
+    const std::string commands = ": >KORVAT.LIS; printf 'K\\202' >PILE.07\n";
+    expect("run", "exit code 0\nKORVAT.INP\nKORVAT.LIS empty\nPILE.07 no records\n");
+    expect("KORVAT.LIS", "");
+    expect("PILE.07", "K\x82");
+    expect("standard-error", "");
+    const std::string says = " says no more than a word in expected/run would";
+    EXPECT_EQ(differences(commands),
+              (Differences{"expected/KORVAT.LIS" + says, "expected/PILE.07" + says,
+                           "expected/standard-error" + says}));
+}
+
+TEST_F(OneCase, NeedsAnExitCode) {
+    for (const std::string text : {"", "KORVAT.INP\n", "exit code\nKORVAT.INP\n", "exit 0\n"}) {
+        expect("run", text);
+        EXPECT_THROW(expected_exit_code(folder), std::runtime_error) << text;
+    }
+    expect("run", "exit code 255\nKORVAT.INP\n");
+    EXPECT_EQ(expected_exit_code(folder), 255);
+    std::filesystem::remove(folder / "expected" / "run");
+    EXPECT_THROW(expected_exit_code(folder), std::runtime_error);
 }
 
 TEST(SupportCase, FaultsOfTheMachineStandApart) {
@@ -62,35 +122,28 @@ TEST(SupportCase, FaultsOfTheMachineStandApart) {
     EXPECT_EQ(fault_case_folders(directory.path()), (std::vector<std::filesystem::path>{faulty}));
 }
 
-std::string first_difference(const std::filesystem::path& program,
-                             const std::filesystem::path& folder) {
-    const CaseResult run = run_case(program, folder);
-    return run.differences.empty() ? "" : run.differences.front();
-}
-
-TEST(SupportCase, ComparesTheStandardStreams) {
-    const ScratchDirectory directory;
-    const auto program = script(directory, "ls; echo why >&2; exit $(cat KORVAT.INP)\n");
-    const std::filesystem::path folder = directory.path() / "some-case";
-    std::filesystem::create_directories(folder / "expected");
+TEST_F(OneCase, ComparesTheStandardStreams) {
+    const std::string commands = "ls; echo why >&2; exit $(cat KORVAT.INP)\n";
     write_whole_file(folder / "KORVAT.INP", "1");
     write_whole_file(folder / "directories", "LOAD.09/below\n");
-    write_whole_file(folder / "expected" / "exit-code", "1\n");
-    write_whole_file(folder / "expected" / "outputs", "KORVAT.INP\nLOAD.09\n");
-    write_whole_file(folder / "expected" / "standard-output", "KORVAT.INP\nLOAD.09\n");
-    EXPECT_EQ(first_difference(program, folder), "the case has no expected standard error");
-    write_whole_file(folder / "expected" / "standard-error", "why\n");
-    EXPECT_EQ(first_difference(program, folder), "");
+    expect("run", "exit code 1\nKORVAT.INP\nLOAD.09 directory\n");
+    expect("standard-output", "KORVAT.INP\nLOAD.09\n");
+    const std::string surplus = "standard error:\n--- expected\n+++ found\n@@ -0,0 +1,1 @@\n+why";
+    EXPECT_EQ(differences(commands),
+              (Differences{"the case has no expected standard error", surplus}));
+    expect("standard-error", "why\n");
+    EXPECT_EQ(differences(commands), Differences{});
     // A run that succeeds says nothing, unless the case tells what.
     write_whole_file(folder / "KORVAT.INP", "0");
-    write_whole_file(folder / "expected" / "exit-code", "0\n");
-    EXPECT_EQ(first_difference(program, folder), "");
+    expect("run", "exit code 0\nKORVAT.INP\nLOAD.09 directory\n");
+    EXPECT_EQ(differences(commands), Differences{});
     std::filesystem::remove(folder / "expected" / "standard-error");
-    EXPECT_EQ(first_difference(program, folder),
-              "standard error, line 1\n  found    [why]\n  expected (no such line)");
-    write_whole_file(folder / "expected" / "standard-error", "why\n");
+    EXPECT_EQ(differences(commands), Differences{surplus});
+    expect("standard-error", "why\n");
     std::filesystem::remove(folder / "expected" / "standard-output");
-    EXPECT_EQ(first_difference(program, folder).substr(0, 15), "standard output");
+    EXPECT_EQ(differences(commands),
+              Differences{"standard output:\n--- expected\n+++ found\n@@ -0,0 +1,2 @@\n"
+                          "+KORVAT.INP\n+LOAD.09"});
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-// Tests of the test support itself: record reader, scratch directories, masks, differences.
-#include "case.hpp"
+// Tests of the test support itself: record reader, scratch directories, masks, texts.
 #include "masks.hpp"
 #include "record_file.hpp"
 #include "scratch_directory.hpp"
@@ -172,16 +171,6 @@ TEST(SupportText, PrintsNumbersOnABorderInBothForms) {
     EXPECT_EQ(printed_forms(0.25, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.2", "  0.3"}));
     EXPECT_EQ(printed_forms(0.0, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.0", " -0.0"}));
     EXPECT_EQ(printed_forms(0.24, 5, 1, 1.0e-9), (std::vector<std::string>{"  0.2"}));
-}
-
-TEST(SupportCase, ShowsDifferences) {
-    EXPECT_EQ(text_difference("a\nb\n", "a\nb\n"), "");
-    EXPECT_EQ(text_difference("a\nb \n", "a\nb\n"),
-              "line 2\n  found    [b\xC2\xB7]\n  expected [b]");
-    EXPECT_EQ(text_difference("a\n\tb", "a\n"),
-              "line 2\n  found    [\\x09b]\n  expected (no such line)");
-    EXPECT_EQ(byte_difference("abc", "abd"),
-              "first differing byte at offset 2, 3 bytes found, 3 expected");
 }
 
 } // namespace

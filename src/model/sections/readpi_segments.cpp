@@ -1,0 +1,89 @@
+// Pile segment type data, and the table that lists the segments of each pile.
+#include "model/sections/section_reader.hpp"
+
+namespace korvat {
+namespace {
+
+void store_segment_type(SectionReader& in, int N) {
+    Store& cmn = in.cmn;
+    cmn.ICRSEG(1, N) = in.integer(2);
+    cmn.ICRSEG(2, N) = in.integer(3);
+    cmn.SEGLEN(N) = in.VAR(4) * cmn.FACL;
+    cmn.NELSEG(N) = in.integer(5);
+}
+
+int check_segment_type(SectionReader& in, int N) {
+    const Store& cmn = in.cmn;
+    int error = 0;
+    for (int i = 1; i <= 2; ++i) {
+        if (cmn.ICRSEG(i, N) < 1) error = i;
+        if (cmn.ICRSEG(i, N) > cmn.NUMCRS) error = i + 2;
+    }
+    if (cmn.TOL > cmn.SEGLEN(N)) error = 5;
+    if (cmn.NELSEG(N) < 1) error = 6;
+    if (cmn.NELSEG(N) > limits::pile_elements) error = 7;
+    if (error == 0) return no_fault;
+    constexpr int value_at_fault[] = {2, 3, 2, 3, 4, 5, 5}; // of error numbers 1..7
+    return in.reject(in.place(value_at_fault[error - 1]),
+                     "(/,' **** SR/READPI : SEGMENT ERROR  NUM,IERR=',2i5)", N, error);
+}
+
+// Lists the segments of one pile; a count of 0 or below lists none and makes a dummy pile.
+int store_pile_segments(SectionReader& in, int NP) {
+    Store& cmn = in.cmn;
+    const int NSEG = in.integer(2);
+    if (NSEG > limits::pile_segments) {
+        return in.reject(in.place(2), "(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,SEG,MAX=',3i5)",
+                         NP, NSEG, cmn.MAXSPP);
+    }
+    cmn.NSEGP(NP) = NSEG;
+    cmn.report.places.NSEGP(NP) = in.line_place();
+    for (int i = 1; i <= NSEG; ++i) {
+        const int segment = in.integer(2 + i);
+        if (segment < 1 || segment > in.NUMSEG) {
+            return in.reject(in.place(2 + i),
+                             "(/,' **** SR/READPI : PILE SEGMENT TABLE  NP,I,SEG(I)=',3i5)", NP, i,
+                             segment);
+        }
+        cmn.ISEGP(i, NP) = segment;
+    }
+    return no_fault;
+}
+
+} // namespace
+
+int read_segment_types(SectionReader& in) {
+    in.LOC = deck::record(deck::RecordId::segment_type).location;
+    if (const int fault = in.require_blank_line("PILE SEGMENT TYPE DATA")) return fault;
+    if (const int fault = in.skip_headings(2)) return fault;
+    for (int N = 1; N <= in.NUMSEG; ++N) {
+        if (const int fault = in.read_record(deck::RecordId::segment_type, N)) return fault;
+        if (in.integer(1) != N) {
+            return in.reject(in.place(1), "(/,' **** SR/READPI : SEGMENT SEQUENCE ERROR',2i5)", N,
+                             in.integer(1));
+        }
+        store_segment_type(in, N);
+        if (const int fault = check_segment_type(in, N)) return fault;
+    }
+    return no_fault;
+}
+
+int read_pile_segment_table(SectionReader& in) {
+    const Store& cmn = in.cmn;
+    in.LOC = deck::record(deck::RecordId::pile_segments).location;
+    if (const int fault = in.skip_heading()) return fault;
+    for (int NP = 1; NP <= cmn.NUMPIL; ++NP) {
+        if (cmn.NGEN(NP) != 0) continue; // a generated pile has no record
+        if (const int fault = in.read_record(deck::RecordId::pile_segments, NP)) return fault;
+        if (in.integer(1) != NP) {
+            return in.reject(
+                in.place(1),
+                "(/,' **** SR/READPI : PILE',i4.3,' EXPECTED IN SEGMENT ','TABLE , NOT',i4.3)", NP,
+                in.integer(1));
+        }
+        if (const int fault = store_pile_segments(in, NP)) return fault;
+    }
+    return no_fault;
+}
+
+} // namespace korvat

@@ -1,0 +1,28 @@
+// The values of one cross section as the deck gives them, in either revision.
+#pragma once
+
+#include "model/store/store.hpp"
+
+namespace korvat {
+
+struct TubeRecord {
+    int MATCRS = 0;
+    double DIAM = 0.0;
+    double WALL = 0.0;
+    double STFAX = 0.0;
+    double STFBN = 0.0;
+    double STFSH = 0.0;
+    double STFTO = 0.0;
+    double UWFLD = 0.0;
+};
+
+// The record in internal units. `stress` is the stress factor of the run.
+[[nodiscard]] TubeRecord scaled(const TubeRecord& given, const Store& cmn, double stress);
+
+// 1: no diameter, 2: no wall, 3: a wall of more than half the diameter; the last that applies, or 0.
+[[nodiscard]] int size_error(const TubeRecord& tube, const Store& cmn);
+
+// Stores a scaled record as cross section `number`.
+void store_tube(Store& cmn, int number, const TubeRecord& tube);
+
+} // namespace korvat

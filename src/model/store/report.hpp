@@ -1,0 +1,50 @@
+// What the report on standard error is made of. No output file of a run depends on it.
+#pragma once
+
+#include "fortran/runtime.hpp"
+#include "model/store/fault.hpp"
+#include "model/store/limits.hpp"
+#include "model/store/table.hpp"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace korvat {
+
+// First and last column of a physical line inside LINE, 1-based.
+struct LineColumns {
+    int first = 1;
+    int last = 1;
+};
+
+// The physical lines of a record. Every line but the last has a number on it, and the last may find
+// the value list full.
+using RecordLines = std::array<LineColumns, limits::record_values + 1>;
+
+// Where the deck gave values that are checked after its sections have been read; each table is named
+// after the store's field and has its index.
+struct Places {
+    Table1<DeckPlace, limits::piles> NSEGP; // the pile's record in the segment table
+    Table1<DeckPlace, limits::piles> ITIP;
+    Table1<DeckPlace, limits::piles> IFIX;
+    Table1<DeckPlace, limits::cross_sections> NLCRS;   // revision 5
+    Table1<DeckPlace, limits::special_records> ISPNOD; // the record's last node
+};
+
+struct Report {
+    Fault fault; // the run's first error
+
+    // Of each line of NF12, in order, its number in KORVAT.INP.
+    std::vector<int> deck_lines;
+    // The number in KORVAT.INP of the line that ended the copying: END, the last line, or the one
+    // that could not be read; 0 when there is no line.
+    int deck_end = 0;
+    RecordLines record_lines; // of the record that LINE holds
+    Places places;
+
+    std::vector<std::string> outputs;              // names of the output files that could be opened
+    std::vector<fortran::WriteFault> lost_records; // record files that could not be written whole
+};
+
+} // namespace korvat

@@ -1,0 +1,31 @@
+// The model data store: the one record that every routine of a run shares.
+#include "model/store/store.hpp"
+
+#include "fortran/save_holder.hpp"
+
+#include <algorithm>
+
+namespace korvat {
+
+Store::Store(int argc, const char* const* argv)
+    : printpil_sve(std::make_unique<fortran::SaveHolder>()),
+      sketch_sve(std::make_unique<fortran::SaveHolder>()), runtime(argc, argv) {}
+
+Store::~Store() = default;
+
+double material_value(const Store& cmn, const Table1<double, limits::materials>& values,
+                      int material) {
+    if (material < 1 || material > cmn.NUMMAT) return 0.0;
+    return values(material);
+}
+
+void rstpil(Store& cmn) {
+    std::ranges::fill(cmn.NSEGP.all(), 0);
+    std::ranges::fill(cmn.NELP.all(), 0);
+    std::ranges::fill(cmn.IFIX.all(), 0);
+    std::ranges::fill(cmn.ITIP.all(), 0);
+    std::ranges::fill(cmn.TSNOD.all(), 0.0);
+    std::ranges::fill(cmn.ISEGP.all(), 0);
+}
+
+} // namespace korvat

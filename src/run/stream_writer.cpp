@@ -1,0 +1,33 @@
+// Raw byte output to a file, under the binary record files.
+#include "run/stream_writer.hpp"
+
+#include <cerrno>
+#include <stdexcept>
+
+namespace VESKA::TolvanCommonLibrary::IO {
+
+StreamWriter::StreamWriter(const std::string& file_name)
+    : stream_(file_name, std::ios::binary | std::ios::trunc) {
+    if (!stream_) throw std::runtime_error("Cannot open file : " + file_name);
+}
+
+void StreamWriter::NoteFailure() {
+    if (stream_ || error_ != 0) return;
+    error_ = errno != 0 ? errno : EIO;
+}
+
+void StreamWriter::Write(std::span<const char> bytes) {
+    errno = 0;
+    stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    NoteFailure();
+}
+
+int StreamWriter::Close() {
+    if (!stream_.is_open()) return error_;
+    errno = 0;
+    stream_.close(); // writes what is still in the buffer
+    NoteFailure();
+    return error_;
+}
+
+} // namespace VESKA::TolvanCommonLibrary::IO
