@@ -1,6 +1,7 @@
 // Whole runs: every case folder, every example, the decks that the documentation shows, and scaling.
 #include "../support/case.hpp"
 #include "../support/deck_reader.hpp"
+#include "../support/document.hpp"
 #include "../support/expected_file.hpp"
 #include "../support/listing_check.hpp"
 #include "../support/pile_file.hpp"
@@ -112,27 +113,11 @@ TEST(CaseFolders, EachSaysWhatItShows) {
     }
 }
 
-// The text between the line ```korvat-deck and the next line ```, for each such block.
-std::vector<std::string> decks_shown_in(const std::filesystem::path& document) {
-    std::vector<std::string> decks;
-    bool inside = false;
-    for (const std::string& line : split_lines(read_whole_file(document))) {
-        if (!inside && line == "```korvat-deck") {
-            inside = true;
-            decks.emplace_back();
-        } else if (inside && line == "```") {
-            inside = false;
-        } else if (inside) {
-            decks.back() += line + "\n";
-        }
-    }
-    EXPECT_FALSE(inside) << "a deck in " << document << " is not closed";
-    return decks;
-}
+class DocumentedDeck : public testing::TestWithParam<const char*> {};
 
-TEST(DocumentedDeck, RunsAsShown) {
+TEST_P(DocumentedDeck, RunsAsShown) {
     const std::vector<std::string> decks =
-        decks_shown_in(std::filesystem::path(KORVAT_DOCS_DIR) / "deck.md");
+        blocks_shown_in(std::filesystem::path(KORVAT_DOCS_DIR) / GetParam(), "korvat-deck");
     ASSERT_FALSE(decks.empty());
     for (const std::string& deck : decks) {
         const CaseResult run = run_deck(KORVAT_PROGRAM, &deck);
@@ -145,6 +130,9 @@ TEST(DocumentedDeck, RunsAsShown) {
         expect_files_of_deck(run);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Documents, DocumentedDeck,
+                         testing::Values("deck.md", "first-deck.md", "../README.md"));
 
 PileFile pile_file_of(const std::string& deck) {
     const CaseResult run = run_deck(KORVAT_PROGRAM, &deck);
