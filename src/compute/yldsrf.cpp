@@ -108,16 +108,27 @@ double plastic_moment(const Tube& tube, double N) {
     stop_at_iteration_limit(tube);
 }
 
-// Equally spaced from N down to Ny; the one of smallest magnitude, the first on a tie, is set to
-// exactly 0.0.
+// The one of smallest magnitude, the first on a tie, becomes exactly 0.0. The search starts from
+// 1.0e6: where every level lies beyond, as those of a large tube in N do, none becomes 0.0.
+void set_zero_level(Curve& levels) {
+    double smallest = 1.0e6;
+    double* zero_level = nullptr;
+    for (double& level : levels) {
+        if (std::fabs(level) >= smallest) continue;
+        smallest = std::fabs(level);
+        zero_level = &level;
+    }
+    if (zero_level != nullptr) *zero_level = 0.0;
+}
+
+// Equally spaced from N down to Ny.
 Curve axial_levels(double N, double Ny) {
     const double s = (N - Ny) / 9.0;
     Curve levels{};
     for (int k = 1; k <= points; ++k) {
         levels[static_cast<std::size_t>(k - 1)] = N - (k - 1) * s;
     }
-    const auto smaller = [](double a, double b) { return std::fabs(a) < std::fabs(b); };
-    *std::min_element(levels.begin(), levels.end(), smaller) = 0.0;
+    set_zero_level(levels);
     return levels;
 }
 

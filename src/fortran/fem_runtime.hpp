@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-// The runtime takes long for an integer of 64 bits, which it is not on Windows: it would lose digits
-// of every number. Its guard keeps its own types out, and these, right everywhere, take their place.
+// The runtime defines its 64-bit integer as long, which has 32 bits on Windows: every number would
+// lose digits there. Defining the guard of that header skips it; the types below replace its own.
 #define FEM_UTILS_INT_TYPES_HPP
 namespace fem::utils {
 using std::int16_t;

@@ -21,12 +21,14 @@ public:
         return true;
     }
 
-    std::size_t skip_digits() {
+    std::size_t skip_all_of(std::string_view set) {
         std::size_t count = 0;
-        while (skip_one_of("0123456789"))
+        while (skip_one_of(set))
             ++count;
         return count;
     }
+
+    std::size_t skip_digits() { return skip_all_of("0123456789"); }
 
     [[nodiscard]] bool at_end() const { return rest_.empty(); }
 
@@ -34,8 +36,12 @@ private:
     std::string_view rest_;
 };
 
+// What the runtime passes over in front of a number, and may be left behind it.
+constexpr std::string_view passed_over = "\t\r";
+
 bool is_number(std::string_view token) {
     Scanner scanner(token);
+    scanner.skip_all_of(passed_over);
     scanner.skip_one_of("+-");
     std::size_t digits = scanner.skip_digits();
     if (scanner.skip_one_of(".")) digits += scanner.skip_digits();
@@ -44,6 +50,7 @@ bool is_number(std::string_view token) {
         scanner.skip_one_of("+-");
         if (scanner.skip_digits() == 0) return false;
     }
+    scanner.skip_all_of(passed_over);
     return scanner.at_end();
 }
 

@@ -11,8 +11,9 @@ namespace korvat::fortran {
 
 // Converts a left-justified field with the format "(f50.0)". The field must be one number from
 // its first to its last non-blank character: an optional sign, digits with at most one point (at
-// least one digit), and optionally an exponent: e, E, d or D, an optional sign, digits. Anything
-// else, and a number that is too large for a double, gives nothing.
+// least one digit), and optionally an exponent: e, E, d or D, an optional sign, digits. Tabs and
+// carriage returns before and after the number are passed over. Anything else, and a number that is
+// too large for a double, gives nothing.
 //
 // The runtime's conversion is not correctly rounded; every number of a deck goes through it.
 [[nodiscard]] std::optional<double> convert_number(const Text<50>& field);

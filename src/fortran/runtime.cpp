@@ -3,6 +3,7 @@
 
 #include "fortran/edit_descriptors.hpp"
 #include "fortran/fem_runtime.hpp"
+#include "fortran/internal_write.hpp"
 #include "fortran/line_reader.hpp"
 #include "fortran/write_items.hpp"
 
@@ -38,6 +39,18 @@ int reason_against_creating(const std::string& name) {
     return 0;
 }
 
+// What standard error was given last, and how often in a row.
+struct LastRecord {
+    std::string text;
+    int count = 0;
+};
+
+// A record of standard error as it is compared with the one before it. None is longer.
+std::string record_text(std::string_view format, std::span<const Item> items) {
+    constexpr std::size_t longest_record = 2000;
+    return edited_items(longest_record, format, items);
+}
+
 } // namespace
 
 struct Runtime::State {
@@ -63,8 +76,32 @@ struct Runtime::State {
         }
     }
 
+    // Whether this is the record that standard error was given before; it is counted then.
+    bool is_repeated(std::string_view format, std::span<const Item> items) {
+        std::string text = record_text(format, items);
+        if (last_record.count > 0 && text == last_record.text) {
+            ++last_record.count;
+            return true;
+        }
+        tell_repetitions();
+        last_record = {.text = std::move(text), .count = 1};
+        return false;
+    }
+
+    // Without the runtime, so that nothing is raised where the run ends.
+    void tell_repetitions() {
+        const auto error_unit = common.io.units.find(standard_error_unit);
+        if (last_record.count > 1 && error_unit != common.io.units.end() &&
+            error_unit->second.stream.ptr != nullptr) {
+            std::fprintf(error_unit->second.stream.ptr, " (the message above came %d times)\n",
+                         last_record.count);
+        }
+        last_record.count = 0;
+    }
+
     fem::common common;
     EditDescriptors descriptors;
+    LastRecord last_record;
     std::set<int> written_units;
     std::set<int> faulty_units;
     std::vector<WriteFault> write_faults;
@@ -73,6 +110,7 @@ struct Runtime::State {
 Runtime::Runtime(int argc, const char* const* argv) : state_(std::make_unique<State>(argc, argv)) {}
 
 Runtime::~Runtime() {
+    state_->tell_repetitions();
     // The runtime takes unit 6 for a terminal and never closes it, whatever file it is on.
     const auto log = state_->common.io.units.find(message_log_unit);
     if (log == state_->common.io.units.end()) return;
@@ -103,6 +141,7 @@ int Runtime::open(int unit, std::string_view file, OpenStatus status) {
 
 // Closes the stream of a unit, which then has none; a standard stream is flushed only.
 void Runtime::close_stream(int unit) {
+    if (unit == standard_error_unit) state_->tell_repetitions();
     const auto found = state_->common.io.units.find(unit);
     if (found == state_->common.io.units.end()) return;
     fem::io_unit& connected = found->second;
@@ -168,6 +207,7 @@ void Runtime::rewind(int unit) {
 void Runtime::write_items(int unit, std::string_view format, std::span<const Item> items) {
     const auto edits = state_->descriptors.of(format, items.size());
     require_kinds(items, edits, format);
+    if (unit == standard_error_unit && state_->is_repeated(format, items)) return;
     connect(unit);
     const fem::io_unit& connected = *state_->common.io.unit_ptr(unit);
     state_->written_units.insert(unit);

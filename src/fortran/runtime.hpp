@@ -24,7 +24,8 @@ struct WriteFault {
 };
 
 // One run's unit table and command line. Units 0, 5 and 6 start on standard error, input and
-// output. A unit that no open has connected is connected at its first use, whatever that is, to a
+// output. A record of unit 0 that equals the one before it is not shown again; when another follows,
+// and when the unit is closed, a line tells how often it came. A unit that no open has connected is connected at its first use, whatever that is, to a
 // fresh scratch file `fem_io_unit_NNN` in the current directory.
 //
 // Where a scratch file cannot be made, a std::exception leaves the call. Any other write that fails

@@ -12,10 +12,10 @@ namespace {
 // The runtime edits a real under f in a buffer of 64 bytes, its terminator included.
 constexpr int longest_f_text = 63;
 
-// Under f and e the runtime has limits beyond which it writes outside its tables.
+// The runtime has limits beyond which it writes outside its tables: of the length of the text under
+// f, and of the value under e.
 bool can_be_printed(double value, const EditDescriptor& edit) {
-    if (!std::isfinite(value)) return false;
-    if (edit.letter != 'f') return true;
+    if (edit.letter != 'f') return std::isfinite(value);
     const bool is_short = std::fabs(value) < 1.0e15 && edit.width < 32 && edit.digits < 32;
     return is_short ||
            std::snprintf(nullptr, 0, "%*.*f", edit.width, edit.digits, value) <= longest_f_text;

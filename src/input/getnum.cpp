@@ -55,7 +55,9 @@ std::size_t position_of_number(std::string_view line, int k) {
     for (int i = 1; i < k && position != std::string_view::npos; ++i) {
         position = first_of_token(line, position + token_at(line, position).size());
     }
-    return position;
+    if (position == std::string_view::npos) return position;
+    const std::size_t visible = token_at(line, position).find_first_not_of("\t\r");
+    return visible == std::string_view::npos ? position : position + visible;
 }
 
 } // namespace korvat

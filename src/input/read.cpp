@@ -92,7 +92,8 @@ void report_wrong_count(const Record& record, int NVAR, int culprit) {
         NVAR, record.NTOT, record.LOC);
 }
 
-// Fetches the next physical line into LINE from column IS on, as far as it fits.
+// Fetches the next physical line into LINE from column IS on. What finds no room is lost on the left,
+// as under the A edit of a text that is shorter than its field.
 bool fetch_line(Record& record, int INUNIT, int IS) {
     fortran::Text<physical_width> line;
     const ReadStatus status = record.cmn.runtime.read_line(INUNIT, line);
@@ -106,9 +107,11 @@ bool fetch_line(Record& record, int INUNIT, int IS) {
                record.LOC);
         return false;
     }
-    record.LINE.assign_from(static_cast<std::size_t>(IS), line.view(), physical_width);
+    const int unseen = std::max(IS + physical_width - 1 - limits::line_length, 0);
+    record.LINE.assign_from(static_cast<std::size_t>(IS),
+                            line.view().substr(static_cast<std::size_t>(unseen)), physical_width);
     const int last = std::max(static_cast<int>(last_non_blank(record.LINE.view())), 1);
-    record.line(record.NPHYS) = {IS, std::max(last, IS)};
+    record.line(record.NPHYS) = {.first = IS, .last = std::max(last, IS), .unseen = unseen};
     ++record.NPHYS;
     return true;
 }
@@ -174,7 +177,7 @@ DeckPlace place_of_number(const RecordLines& lines, const Line& LINE, int first_
     const int column = static_cast<int>(position) + 1;
     for (const LineColumns& line : lines) {
         if (column <= line.last) {
-            place.column = column - line.first + 1;
+            place.column = column - line.first + 1 + line.unseen;
             return place;
         }
         ++place.line;

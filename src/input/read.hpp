@@ -31,7 +31,8 @@ void read(Store& cmn, int& NVAR, int LOC, int INUNIT, int IOUNIT, int& NPHYS, Li
 //   IERR  out: 0, or -1 when a number cannot be converted
 void getnum(std::string_view line, int K, Values& VAR, int& N, int& IERR);
 
-// Position of the k-th number (from 1) of a line, from 0; npos when there is none.
+// Position of the k-th number (from 1) of a line, from 0, behind the tabs in front of it; npos when
+// there is none.
 [[nodiscard]] std::size_t position_of_number(std::string_view line, int k);
 
 // Place of the i-th number (from 1) of a record that was read into LINE and whose first physical

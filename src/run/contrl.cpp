@@ -114,7 +114,7 @@ bool open_files(Run& run) {
 bool read_input(Run& run) {
     Store& cmn = run.cmn;
     rstpil(cmn);
-    if (run.steps.readpi != nullptr) run.steps.readpi(cmn);
+    run.steps.readpi(cmn);
     if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/READPI  IERR=',i5)");
     cmn.runtime.write(cmn.NF6, "(' +++++ INPUT FILE READ , LABEL LINE :',/,1x,a78)", cmn.LABEL);
     return true;
@@ -142,7 +142,7 @@ void start_listing(Run& run) {
 
 bool compute(Run& run) {
     Store& cmn = run.cmn;
-    if (run.steps.build != nullptr) run.steps.build(cmn);
+    run.steps.build(cmn);
     if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/BUILD  IERR=',i5)");
     cmn.runtime.write(cmn.NF6, "(' +++++ PILE GEOMETRY VALUES COMPUTED')");
     return true;
@@ -151,9 +151,7 @@ bool compute(Run& run) {
 bool print_listing(Run& run) {
     Store& cmn = run.cmn;
     if (cmn.JPRINT <= 0) return true;
-    if (run.steps.printpil != nullptr) {
-        run.steps.printpil(cmn, run.texts.version, run.texts.release_date, run.listing_time);
-    }
+    run.steps.printpil(cmn, run.texts.version, run.texts.release_date, run.listing_time);
     if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/PRINT  IERR=',i5)");
     cmn.runtime.write(cmn.NF6, "(' +++++ RESULT FILE KORVAT.LIS HAS BEEN PRINTED')");
     return true;
@@ -178,7 +176,6 @@ void draw_sketch(Run& run) {
         cmn.NF13,
         "(/,1x,a80,/,/,/,' BELOW SKETCH SHOWS PILE HEADS (',i3.3,' - ',i3.3,') AND PILE TIPS (',i3.3,' - ',i3.3,')',/,/,' ')",
         cmn.LABEL, 1, cmn.NUMPIL, cmn.NUMPIL + 1, 2 * cmn.NUMPIL);
-    if (run.steps.sketch == nullptr) return;
     int points = -2 * cmn.NUMPIL; // negative: show the points by their numbers
     int rows = 50;
     run.steps.sketch(cmn, x, y, points, rows, 100, cmn.NF13);
@@ -186,7 +183,7 @@ void draw_sketch(Run& run) {
 
 bool save_piles(Run& run) {
     Store& cmn = run.cmn;
-    if (run.steps.save != nullptr) run.steps.save(cmn, *run.pile_file);
+    run.steps.save(cmn, *run.pile_file);
     if (cmn.IERR != 0) return fail(run, "(/,' **** SR/CONTRL  ERROR FROM SR/SAVE  IERR=',i5)");
     cmn.runtime.write(cmn.NF6, "(' +++++ TOLVAN INPUT FILE PILE.07 HAS BEEN GENERATED')");
     return true;
@@ -198,7 +195,7 @@ bool save_loads(Run& run) {
         cmn.runtime.write(cmn.NF6, "(' +++++ NO LOAD VECTOR WAS GIVEN',/,' ')");
         return true;
     }
-    if (run.steps.loads != nullptr) run.steps.loads(cmn, *run.load_file);
+    run.steps.loads(cmn, *run.load_file);
     if (cmn.IERR != 0) {
         return fail(run, "(/,' **** SR/CONTRL  ERROR RETURN FROM SR/LOADS  IERR=',i5)");
     }

@@ -11,17 +11,16 @@
 
 namespace korvat {
 
-// The steps that a run consists of. Each reports failure through IERR. A step that is null does
-// nothing and leaves IERR at 0.
+// The steps that a run consists of. Each reports failure through IERR.
 struct Steps {
-    void (*readpi)(Store& cmn) = nullptr;
-    void (*build)(Store& cmn) = nullptr;
-    void (*printpil)(Store& cmn, const fortran::Text<10>& version,
-                     const fortran::Text<11>& release_date, const TimeFields& ITIME) = nullptr;
-    void (*sketch)(Store& cmn, std::span<const double> XC, std::span<const double> YC, int& NP,
-                   int& NROWS, int NCOLS, int IOUT) = nullptr;
-    void (*save)(Store& cmn, const RecordFile& pile_file) = nullptr;
-    void (*loads)(Store& cmn, const RecordFile& load_file) = nullptr;
+    void (&readpi)(Store& cmn);
+    void (&build)(Store& cmn);
+    void (&printpil)(Store& cmn, const fortran::Text<10>& version,
+                     const fortran::Text<11>& release_date, const TimeFields& ITIME);
+    void (&sketch)(Store& cmn, std::span<const double> XC, std::span<const double> YC, int& NP,
+                   int& NROWS, int NCOLS, int IOUT);
+    void (&save)(Store& cmn, const RecordFile& pile_file);
+    void (&loads)(Store& cmn, const RecordFile& load_file);
 };
 
 // The steps of this program.

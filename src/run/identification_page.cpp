@@ -123,7 +123,7 @@ std::vector<std::string> compose_identification_page(const Identification& texts
     place_identification(page, texts, ITIME, host);
     page.place(closing_line, margin, "Input, output and messages are described in the documents");
     page.place(closing_line + 1, margin, "that are installed with the program.");
-    return page.trimmed_lines();
+    return page.lines();
 }
 
 void write_identification_page(Store& cmn, int unit, const Identification& texts,

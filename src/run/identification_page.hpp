@@ -22,7 +22,7 @@ struct HostTexts {
 // What the running system says.
 [[nodiscard]] HostTexts host_texts();
 
-// The page's lines, without trailing blanks. ITIME is the start of the run.
+// The page's lines, of 131 columns each. ITIME is the start of the run.
 [[nodiscard]] std::vector<std::string> compose_identification_page(const Identification& texts,
                                                                    const TimeFields& ITIME,
                                                                    const HostTexts& host);

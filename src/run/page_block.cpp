@@ -28,10 +28,10 @@ void PageBlock::draw_frame(int top, int bottom, int left, int right) {
     }
 }
 
-std::vector<std::string> PageBlock::trimmed_lines() const {
+std::vector<std::string> PageBlock::lines() const {
     std::vector<std::string> lines;
     for (const auto& line : lines_) {
-        lines.emplace_back(fortran::trimmed(line.view()));
+        lines.emplace_back(line.view());
     }
     return lines;
 }

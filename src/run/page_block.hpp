@@ -22,8 +22,8 @@ public:
     // Draws a rectangle of asterisks; its columns are held within the block.
     void draw_frame(int top, int bottom, int left, int right);
 
-    // All lines, without their trailing blanks.
-    [[nodiscard]] std::vector<std::string> trimmed_lines() const;
+    // All lines, each with all its columns.
+    [[nodiscard]] std::vector<std::string> lines() const;
 
 private:
     std::vector<fortran::Text<columns>> lines_;

@@ -148,8 +148,9 @@ void expect_scaled(double scaled, double value, double factor, std::size_t point
 TEST(YieldCurves, ScaleWithTheUnits) {
     constexpr std::size_t sections = 5;
     const PileFile plain = pile_file_of(scaled_deck(1.0, 1.0));
-    // kN and m to N and mm, and a pair of factors that no power of ten or two hides behind.
-    for (const auto& [force, length] : {std::pair{1000.0, 1000.0}, std::pair{0.224809, 3.28084}}) {
+    // kN and m to MN and mm, and a pair of factors that no power of ten or two hides behind. In N the
+    // axial forces lie beyond one million, where none becomes zero.
+    for (const auto& [force, length] : {std::pair{0.001, 1000.0}, std::pair{0.224809, 3.28084}}) {
         const std::string deck = scaled_deck(force, length);
         const PileFile scaled = pile_file_of(deck);
         PileModel model = build_model(parse_deck(deck));
@@ -166,6 +167,16 @@ TEST(YieldCurves, ScaleWithTheUnits) {
             }
         }
     }
+}
+
+// kN and m to N and mm: the curves are right in themselves.
+TEST(YieldCurves, KeepTheirSmallestLevelBeyondOneMillion) {
+    const std::string deck = scaled_deck(1000.0, 1000.0);
+    const PileFile scaled = pile_file_of(deck);
+    PileModel model = build_model(parse_deck(deck));
+    expect_none(adopt_yield_curves(scaled, model));
+    const auto is_zero = [](const YieldPoint& point) { return point.elastic_axial == 0.0; };
+    EXPECT_EQ(std::ranges::count_if(scaled.yield_points.at(0), is_zero), 0);
 }
 
 } // namespace

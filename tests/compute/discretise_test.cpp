@@ -242,7 +242,7 @@ TEST_F(Discretise, LengthsThatAreNotFiniteDoNoHarm) {
     const int far = add_pile({-1e308, 0, 0}, {1e308, 0, 1}, {2});
     EXPECT_FALSE(discretise_piles(cmn()));
     EXPECT_EQ(log(), "\n **** SR/BUILD : PILE LENGTH ERROR  NP,L1,L2=    " + std::to_string(far) +
-                         "      0.0000************\n");
+                         "      0.0000         inf\n");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "fortran/internal_write.hpp"
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -80,10 +81,16 @@ TEST_F(Edit, LongerRealsBecomeAsterisks) {
     EXPECT_EQ(written("(i5,2f7.3,i4)", 1, 2.0e59, 0.5, 2), "    1*******  0.500   2\n");
 }
 
-TEST_F(Edit, WhatIsNotFiniteBecomesAsterisks) {
+TEST_F(Edit, WhatIsNotFiniteIsNamedUnderF) {
+    EXPECT_EQ(written("(f10.3,'|')", infinity), "       inf|\n");
+    EXPECT_EQ(written("(f10.3,'|')", -infinity), "      -inf|\n");
+    EXPECT_EQ(written("(f12.4,'|')", std::copysign(not_a_number, 1.0)), "         nan|\n");
+    EXPECT_EQ(written("(f12.4,'|')", std::copysign(not_a_number, -1.0)), "        -nan|\n");
+    EXPECT_EQ(written("(i5,2f7.3,i4)", 1, -infinity, 0.5, 2), "    1   -inf  0.500   2\n");
+}
+
+TEST_F(Edit, WhatIsNotFiniteBecomesAsterisksUnderE) {
     for (const double value : {infinity, -infinity, not_a_number}) {
-        EXPECT_EQ(written("(f10.3,'|')", value), "**********|\n");
-        EXPECT_EQ(written("(f12.4,'|')", value), "************|\n");
         EXPECT_EQ(written("(e12.4,'|')", value), "************|\n");
     }
     EXPECT_EQ(written("(i5,2e12.4)", 3, infinity, 0.5), "    3************  0.5000E+00\n");
@@ -174,7 +181,7 @@ TEST_F(Edit, AnInternalWriteFillsItsField) {
     EXPECT_EQ(edited(3, "(i5.5)", 12345), "123");
     EXPECT_EQ(edited(60, "(30(a,1x))", characters("K"), characters("o"), characters("r")),
               "K o r" + std::string(55, ' '));
-    EXPECT_EQ(edited(12, "(f10.3)", infinity), "**********  ");
+    EXPECT_EQ(edited(12, "(f10.3)", infinity), "       inf  ");
     EXPECT_EQ(edited(4, "(a)", characters("")), "    ");
 }
 

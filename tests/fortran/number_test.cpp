@@ -54,12 +54,30 @@ TEST(Number, HasNoOtherForm) {
         "1 2",   "1. 5",     "- 1",     "0x10", "0X1P3",    "inf",
         "-inf",  "nan",      "NaN",     "Inf",  "INFINITY", "1f5",
         "1q5",   "1_8",      "1L",      "$1",   "1;",       "1/2",
-        "2*3",   "'1'",      "\"1\"",   "\t1",  "1\t",      "1\t2",
-        "1\0"sv, "1\0002"sv, "\0001"sv, "1\r",  "1\xA0",    "\xEF\xBC\x91",
+        "2*3",   "'1'",      "\"1\"",   "1\t2", "1\r2",     "-\t1",
+        "1\0"sv, "1\0002"sv, "\0001"sv, "\t",   "1\xA0",    "\xEF\xBC\x91",
+        "\r\t",  "\t1\t2",   "1e\t5",   "\v1",  "1\f",      "1\n",
+        "1\t,",  "\t1,5",    "0x10\t",  "1\b",
     };
     for (const std::string_view token : tokens) {
         EXPECT_FALSE(converted(token).has_value()) << '"' << token << '"';
     }
+}
+
+// As the runtime's own conversion has it, which passes over white space in front of a number.
+TEST(Number, MayStandBetweenTabsAndCarriageReturns) {
+    const Accepted cases[] = {{"\t1.5", 1.5},      {"1.5\t", 1.5},       {"\r-7", -7.0},
+                              {"-7\r", -7.0},      {"\t\r\t.5", 0.5},    {".5\r\t\r", 0.5},
+                              {"\t1e3\t", 1000.0}, {"\r+2.5d-1\r", 0.25}};
+    for (const Accepted& accepted : cases) {
+        const std::optional<double> value = converted(accepted.token);
+        ASSERT_TRUE(value.has_value()) << accepted.token;
+        EXPECT_EQ(*value, accepted.value) << accepted.token;
+    }
+    EXPECT_EQ(converted(std::string(49, '\t') + "7"), 7.0);
+    EXPECT_EQ(converted("7" + std::string(49, '\r')), 7.0);
+    EXPECT_FALSE(
+        converted(std::string(50, '\t') + "7").has_value()); // the cut takes the digit away
 }
 
 TEST(Number, ThatBecomesInfiniteIsNone) {

@@ -85,6 +85,54 @@ TEST_F(Units, UnitZeroIsStandardError) {
     EXPECT_EQ(directory.list(), Names());
 }
 
+constexpr std::string_view ratio = "(/,' RAT=',f8.2)";
+
+// What the writes send to standard error while the unit is open, and when it is closed.
+TEST_F(Units, ARepeatedRecordOfUnitZeroIsCounted) {
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 200; ++i)
+        runtime().write(0, ratio, 142.0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "\n RAT=  142.00\n");
+    testing::internal::CaptureStderr();
+    runtime().close_all();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), " (the message above came 200 times)\n");
+}
+
+TEST_F(Units, TheCountStandsBeforeAnotherRecord) {
+    testing::internal::CaptureStderr();
+    runtime().write(0, ratio, 142.0);
+    runtime().write(0, ratio, 142.0);
+    runtime().write(0, ratio, 125.0);
+    runtime().write(0, ratio, 142.0);
+    runtime().write(0, "(' text')");
+    runtime().write(0, "(' text')");
+    runtime().write(0, "(' text')");
+    runtime().close(0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "\n RAT=  142.00\n"
+                                                      " (the message above came 2 times)\n"
+                                                      "\n RAT=  125.00\n"
+                                                      "\n RAT=  142.00\n"
+                                                      " text\n"
+                                                      " (the message above came 3 times)\n");
+}
+
+TEST_F(Units, TheCountStandsAtTheEndOfTheRuntimeToo) {
+    testing::internal::CaptureStderr();
+    runtime().write(0, "(' text')");
+    runtime().write(0, "(' text')");
+    end_runtime();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), " text\n (the message above came 2 times)\n");
+}
+
+// Other units take every record.
+TEST_F(Units, RecordsOfOtherUnitsAreNotCounted) {
+    give(20, "file", "");
+    runtime().write(20, "(' text')");
+    runtime().write(20, "(' text')");
+    runtime().close(20);
+    EXPECT_EQ(directory.read_file("file"), " text\n text\n");
+}
+
 TEST_F(Units, AnUnopenedUnitIsAScratchFile) {
     runtime().rewind(12);
     EXPECT_TRUE(directory.has("fem_io_unit_012"));

@@ -118,7 +118,6 @@ std::string asterisks(const FormatStep& step) {
 }
 
 std::string edited_fixed(double value, const FormatStep& step) {
-    if (!std::isfinite(value)) return asterisks(step);
     char text[512];
     const int size = std::snprintf(text, sizeof text, "%*.*f", step.width, step.digits, value);
     if (size > longest_f_text) return asterisks(step);

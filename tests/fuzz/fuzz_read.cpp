@@ -83,17 +83,19 @@ Expected expected_record(const std::vector<std::string>& lines, std::size_t next
             record.fault = end_of_file;
             return record;
         }
-        const std::string line = lines[next++].substr(0, longest_record - start);
+        // What finds no room is lost on the left.
+        const std::size_t room = std::min(width, longest_record - start);
+        const std::string line = lines[next++].substr(width - room);
         const bool is_first = record.lines == 0;
         ++record.lines;
         record.joined.resize(start, ' ');
         record.joined += trimmed_text(line);
 
         std::vector<std::string> tokens = tokens_of(line);
-        const std::size_t room = most_values - record.values.size();
+        const std::size_t places = most_values - record.values.size();
         const bool is_limited = is_first && count >= 1;
-        tokens.resize(
-            std::min({tokens.size(), room, is_limited ? static_cast<std::size_t>(count) : room}));
+        tokens.resize(std::min(
+            {tokens.size(), places, is_limited ? static_cast<std::size_t>(count) : places}));
         std::size_t taken = 0;
         double value = 0.0;
         while (taken < tokens.size() && worth(tokens[taken], value)) {

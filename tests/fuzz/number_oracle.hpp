@@ -19,6 +19,7 @@ struct JudgedNumber {
 // optional sign and digits: from the first to the last character.
 [[nodiscard]] bool has_form_of_number(std::string_view token);
 
+// Tabs and carriage returns around the number do not count.
 [[nodiscard]] JudgedNumber judged_number(std::string_view token);
 
 // Whether `found` is what the runtime may make of a number that is worth `value`: it keeps some 16

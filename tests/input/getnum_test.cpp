@@ -98,13 +98,27 @@ TEST(Getnum, RefusesEverythingElse) {
     for (const std::string_view token :
          {"1,5"sv, "12abc"sv, "1.2.3"sv,    "1+5"sv,   "1-5"sv,    "0x10"sv,  "-"sv,
           "+"sv,   "."sv,     "-."sv,       "1e"sv,    "1e+"sv,    "e5"sv,    "--1"sv,
-          "inf"sv, "nan"sv,   "Infinity"sv, "1e999"sv, "-1e999"sv, "9e308"sv, "1\t2"sv,
-          "\t1"sv, "1\t"sv,   "1_8"sv,      "2*3"sv,   "1/"sv,     "'1'"sv,   "$1"sv}) {
+          "inf"sv, "nan"sv,   "Infinity"sv, "1e999"sv, "-1e999"sv, "9e308"sv, "1\t5"sv,
+          "\t"sv,  "1\r5"sv,  "1_8"sv,      "2*3"sv,   "1/"sv,     "'1'"sv,   "$1"sv}) {
         const Found found = numbers_of("8 " + std::string(token) + " 4");
         EXPECT_EQ(found.IERR, -1) << token;
         EXPECT_EQ(found.count, 1) << token;
         EXPECT_EQ(found.VAR(2), 9.0) << token;
     }
+}
+
+TEST(Getnum, TabsAndCarriageReturnsAroundANumberArePassedOver) {
+    const Found found = numbers_of("\t1.0 2.0\t \r-3\r \t\t4\r\t 5");
+    EXPECT_EQ(found.IERR, 0);
+    EXPECT_EQ(found.count, 5);
+    EXPECT_EQ(list(found), filled({1.0, 2.0, -3.0, 4.0, 5.0}, 0.0));
+}
+
+// Only blanks separate numbers: the tab belongs to the token 1 TAB 5.
+TEST(Getnum, ATabDoesNotEndANumber) {
+    const Found found = numbers_of("8 1\t5 4");
+    EXPECT_EQ(found.IERR, -1);
+    EXPECT_EQ(found.count, 1);
 }
 
 TEST(Getnum, NulIsSkippedBeforeANumber) {
@@ -144,6 +158,14 @@ TEST(PositionOfNumber, IsThatOfItsFirstCharacter) {
     EXPECT_EQ(position_of_number("1  22 x3", 3), 6U);
     EXPECT_EQ(position_of_number("\0 \0001\0002 3"sv, 1), 3U);
     EXPECT_EQ(position_of_number("\0 \0001\0002 3"sv, 2), 7U);
+}
+
+// A token of tabs alone has no better place than its own.
+TEST(PositionOfNumber, IsBehindTheTabsInFrontOfIt) {
+    EXPECT_EQ(position_of_number("\t\r1 \t22\t x3", 1), 2U);
+    EXPECT_EQ(position_of_number("\t\r1 \t22\t x3", 2), 5U);
+    EXPECT_EQ(position_of_number("\t\r1 \t22\t x3", 3), 9U);
+    EXPECT_EQ(position_of_number("1 \t\t 3", 2), 2U);
 }
 
 TEST(PositionOfNumber, IsNoneBehindTheLastNumber) {

@@ -261,57 +261,80 @@ TEST_F(Read, ColumnsBeyond80AreNotSeen) {
     EXPECT_EQ(values(3), (std::vector{1.0, 2.0, 0.0}));
 }
 
-// Seven lines of 80 columns end in columns 80, 161, 242, 323, 404, 485 and 566; the eighth starts
-// in column 568, so one of 71 columns ends in column 638.
+// Seven lines of 80 columns end in columns 80, 161, 242, 323, 404, 485 and 566; the eighth starts in
+// column 568 and finds room for 73 columns. They are its rightmost: it is seen from its column 8 on,
+// so that its column 78 is column 638.
 class ReadLongLines : public Read {
 protected:
-    // Two numbers on each of the eight lines.
+    // Two numbers on each of the eight lines; the eighth has them in column 8 and in its last.
     void give_lines(std::size_t last_width, const std::string& further) {
         shown = std::vector<std::string>(7, line_of_width(80));
-        shown.push_back(line_of_width(last_width));
-        give_copy(joined(shown) + further);
+        shown.push_back(line_of_width(last_width - 7));
+        give_copy(joined({shown.begin(), shown.end() - 1}) + "ignored" + shown.back() + "\n" +
+                  further);
     }
 
     std::vector<std::string> shown;
 };
 
 TEST_F(ReadLongLines, EndInColumn638IsAccepted) {
-    give_lines(71, "");
+    give_lines(78, "");
     EXPECT_EQ(read_record(16), 16);
     EXPECT_EQ(IERR, 0);
     EXPECT_EQ(line().size(), 638U);
     EXPECT_EQ(log(), "");
+    EXPECT_EQ(values(16), (std::vector{1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0,
+                                       1.0, 2.0, 1.0, 2.0}));
 }
 
 TEST_F(ReadLongLines, EndInColumn639IsTooLong) {
-    give_lines(72, "");
+    give_lines(79, "");
     read_record(16);
     EXPECT_EQ(IERR, 1);
     EXPECT_EQ(log(), too_long("  639") + context(" ", shown));
 }
 
 TEST_F(ReadLongLines, EndInColumn640IsTooLong) {
-    give_lines(73, "");
+    give_lines(80, "");
     read_record(16);
     EXPECT_EQ(log(), too_long("  640") + context(" ", shown));
 }
 
-TEST_F(ReadLongLines, WhatPassesColumn640IsCut) {
-    give_lines(74, ""); // its second number would stand in column 641
+// Of a number in columns 7 and 8 the second digit is left.
+TEST_F(ReadLongLines, WhatFindsNoRoomIsLostOnTheLeft) {
+    shown = std::vector<std::string>(7, line_of_width(80));
+    give_copy(joined(shown) + "3 4   56\n");
     read_record(16);
-    shown.back() = "1"; // the last non-blank character is in column 568
+    shown.emplace_back("6");
     EXPECT_EQ(log(), "\n **** SR/READ : END-OF-FILE AT LOCATION =   215\n" + context(" ", shown));
     EXPECT_EQ(values(16), (std::vector{1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0,
-                                       1.0, 2.0, 1.0, 0.0}));
+                                       1.0, 2.0, 6.0, 0.0}));
 }
 
-TEST_F(ReadLongLines, LineThatStartsInColumn640KeepsOneCharacter) {
-    give_lines(71, "78\n");
+// The seven lines begin in columns 1, 82, ... and 487, and are seen whole.
+TEST_F(ReadLongLines, PlacesAreThoseOfTheDecksLines) {
+    give_lines(78, "");
+    read_record(16);
+    const RecordLines& lines = cmn().report.record_lines;
+    EXPECT_EQ(place_of_number(lines, LINE, 5, 14), (DeckPlace{.line = 11, .column = 80}));
+    EXPECT_EQ(place_of_number(lines, LINE, 5, 15), (DeckPlace{.line = 12, .column = 8}));
+    EXPECT_EQ(place_of_number(lines, LINE, 5, 16), (DeckPlace{.line = 12, .column = 78}));
+}
+
+TEST_F(ReadLongLines, OfALineThatStartsInColumn640ItsColumn80IsSeen) {
+    give_lines(78, padded("56", 78) + "78\n");
     read_record(17);
     EXPECT_EQ(IERR, 1);
-    EXPECT_EQ(VAR(17), 7.0);
-    shown.emplace_back("7");
+    EXPECT_EQ(VAR(17), 8.0);
+    shown.emplace_back("8");
     EXPECT_EQ(log(), too_long("  640") + context(" ", shown));
+}
+
+TEST_F(ReadLongLines, NothingIsSeenOfAShortLineThatStartsInColumn640) {
+    give_lines(78, "56\n");
+    read_record(17);
+    shown.emplace_back(" ");
+    EXPECT_EQ(log(), std::string(no_number_on_continuation) + context(" ", shown));
 }
 
 TEST_F(Read, FortyNumbersOnFortyLinesFillTheListAndOneMoreLineIsShown) {

@@ -131,7 +131,7 @@ TEST_F(PlotFile, TipElementWithoutASectionIsLeftOut) {
     EXPECT_EQ(plotted(), heading("        1"));
 }
 
-TEST_F(PlotFile, ValuesThatCannotBePrintedAreAsterisks) {
+TEST_F(PlotFile, ShowsWhatIsNotFiniteAndWhatIsTooLong) {
     give_section(1, 1, std::numeric_limits<double>::infinity(), 1e60);
     give_pile(1, {1});
     cmn().XNOD(1, 1) = std::numeric_limits<double>::infinity();
@@ -139,8 +139,8 @@ TEST_F(PlotFile, ValuesThatCannotBePrintedAreAsterisks) {
     cmn().ZNOD(1, 1) = std::numeric_limits<double>::quiet_NaN();
     cmn().XNOD(2, 1) = 1e60; // 65 characters with three decimals
     cmn().YNOD(2, 1) = 1e300;
-    EXPECT_EQ(plotted(), heading("        1") + pile("   1   2**************   1") +
-                             "    1******************************\n"
+    EXPECT_EQ(plotted(), heading("        1") + pile("   1   2    inf*******   1") +
+                             "    1       inf      -inf       nan\n"
                              "    2********************    10.000\n");
 }
 

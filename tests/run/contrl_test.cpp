@@ -72,7 +72,7 @@ void save_one_load(Store& cmn, const RecordFile& load_file) {
     RecordBuilder(load_file).add(9).write();
 }
 
-Steps telling_steps() {
+ChosenSteps telling_steps() {
     return {.readpi = read_two_piles,
             .build = place_two_piles,
             .printpil = tell_print,
@@ -153,8 +153,7 @@ TEST_F(Contrl, SetsUnitsLimitsAndConstants) {
                          normal_exit());
 }
 
-// A step that is not part of the program does nothing and is taken for a success.
-TEST_F(Contrl, RunsWithoutAnyStep) {
+TEST_F(Contrl, LeavesItsOwnFilesWhenTheStepsDoNothing) {
     directory.write_file("KORVAT.INP", "");
     EXPECT_EQ(run({}), 0);
     EXPECT_EQ(listing(), listing_stamp);
@@ -179,7 +178,7 @@ TEST_F(Contrl, ClearsThePerPileArrays) {
         cmn->ISEGP(20, i) = 1;
         cmn->TSNOD(451, i) = 1.0;
     }
-    EXPECT_EQ(contrl(*cmn, {.readpi = clear_check}), 0);
+    EXPECT_EQ(contrl(*cmn, ChosenSteps{.readpi = clear_check}.steps()), 0);
 }
 
 void print_level_minus_1(Store& cmn) {

@@ -41,7 +41,7 @@ protected:
 
     int run_small_deck() {
         directory.write_file("KORVAT.INP", small_deck);
-        return run(program_steps());
+        return run_steps(program_steps());
     }
 
     void expect_files_of(const std::string& label, const std::string& suffix) const {
@@ -111,7 +111,7 @@ TEST_F(FilesOfARun, AnOlderBackupIsRemovedWhateverItIsOnPosix) {
 
 TEST_F(FilesOfARun, ADirectoryForTheInputIsAnError) {
     std::filesystem::create_directory("KORVAT.INP");
-    EXPECT_EQ(run(program_steps()), 1);
+    EXPECT_EQ(run_steps(program_steps()), 1);
     const std::string text = log();
     EXPECT_EQ(text.substr(0, log_start.size()), log_start);
     EXPECT_EQ(text.substr(text.size() - error_exit().size()), error_exit());

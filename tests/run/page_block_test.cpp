@@ -12,9 +12,16 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-TEST(PageBlock, StartsEmpty) {
-    EXPECT_EQ(PageBlock(3).trimmed_lines(), (Lines{"", "", ""}));
-    EXPECT_EQ(PageBlock(0).trimmed_lines(), Lines());
+// Lines with their blanks up to column 131.
+Lines whole(Lines lines) {
+    for (std::string& line : lines)
+        line.resize(131, ' ');
+    return lines;
+}
+
+TEST(PageBlock, StartsBlank) {
+    EXPECT_EQ(PageBlock(3).lines(), whole({"", "", ""}));
+    EXPECT_EQ(PageBlock(0).lines(), Lines());
 }
 
 TEST(PageBlock, PlacesByLineAndColumn) {
@@ -22,33 +29,33 @@ TEST(PageBlock, PlacesByLineAndColumn) {
     page.place(1, 1, "ab");
     page.place(3, 5, "cd");
     page.place(3, 1, "x");
-    EXPECT_EQ(page.trimmed_lines(), (Lines{"ab", "", "x   cd"}));
+    EXPECT_EQ(page.lines(), whole({"ab", "", "x   cd"}));
 }
 
 TEST(PageBlock, LaterTextsReplaceEarlierOnes) {
     PageBlock page(1);
     page.place(1, 1, "abcdef");
     page.place(1, 3, "X ");
-    EXPECT_EQ(page.trimmed_lines(), Lines{"abX ef"});
+    EXPECT_EQ(page.lines(), whole({"abX ef"}));
 }
 
 TEST(PageBlock, DropsWhatPassesTheLastColumn) {
     PageBlock page(1);
     page.place(1, 130, "abcd");
-    EXPECT_EQ(page.trimmed_lines(), Lines{std::string(129, ' ') + "ab"});
+    EXPECT_EQ(page.lines(), whole({std::string(129, ' ') + "ab"}));
     page.place(1, 132, "no");
     page.place(1, 5000, "no");
-    EXPECT_EQ(page.trimmed_lines(), Lines{std::string(129, ' ') + "ab"});
+    EXPECT_EQ(page.lines(), whole({std::string(129, ' ') + "ab"}));
 }
 
 TEST(PageBlock, DropsWhatLiesBeforeTheFirstColumn) {
     PageBlock page(2);
     page.place(1, 0, "abcd");
     page.place(2, -2, "abcd");
-    EXPECT_EQ(page.trimmed_lines(), (Lines{"bcd", "d"}));
+    EXPECT_EQ(page.lines(), whole({"bcd", "d"}));
     page.place(2, -100, "no");
     page.place(2, -1, "no");
-    EXPECT_EQ(page.trimmed_lines(), (Lines{"bcd", "d"}));
+    EXPECT_EQ(page.lines(), whole({"bcd", "d"}));
 }
 
 TEST(PageBlock, DropsLinesOutside) {
@@ -56,28 +63,28 @@ TEST(PageBlock, DropsLinesOutside) {
     page.place(0, 1, "no");
     page.place(3, 1, "no");
     page.place(-7, 1, "no");
-    EXPECT_EQ(page.trimmed_lines(), (Lines{"", ""}));
+    EXPECT_EQ(page.lines(), whole({"", ""}));
 }
 
 TEST(PageBlock, DrawsAFrame) {
     PageBlock page(4);
     page.place(3, 3, "ab");
     page.draw_frame(2, 4, 2, 6);
-    EXPECT_EQ(page.trimmed_lines(), (Lines{"", " *****", " *ab *", " *****"}));
+    EXPECT_EQ(page.lines(), whole({"", " *****", " *ab *", " *****"}));
 }
 
 TEST(PageBlock, HoldsTheFrameWithinItsColumns) {
     PageBlock page(3);
     page.draw_frame(1, 3, -5, 200);
     const std::string edge(131, '*');
-    EXPECT_EQ(page.trimmed_lines(), (Lines{edge, "*" + std::string(129, ' ') + "*", edge}));
+    EXPECT_EQ(page.lines(), whole({edge, "*" + std::string(129, ' ') + "*", edge}));
 }
 
 TEST(PageBlock, DrawsAFrameOfOneColumn) {
     PageBlock page(3);
     page.draw_frame(1, 3, 40, 40);
     const std::string star = std::string(39, ' ') + "*";
-    EXPECT_EQ(page.trimmed_lines(), (Lines{star, star, star}));
+    EXPECT_EQ(page.lines(), whole({star, star, star}));
 }
 
 TEST(Banner, HasHalvesOfFiftyCharacters) {

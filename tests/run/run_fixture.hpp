@@ -89,12 +89,30 @@ heading
 END
 )";
 
+// The steps that a test chooses; the others do nothing and leave IERR as it is.
+struct ChosenSteps {
+    void (*readpi)(Store&) = [](Store&) {};
+    void (*build)(Store&) = [](Store&) {};
+    void (*printpil)(Store&, const fortran::Text<10>&, const fortran::Text<11>&,
+                     const TimeFields&) = [](Store&, const fortran::Text<10>&,
+                                             const fortran::Text<11>&, const TimeFields&) {};
+    void (*sketch)(Store&, std::span<const double>, std::span<const double>, int&, int&, int, int) =
+        [](Store&, std::span<const double>, std::span<const double>, int&, int&, int, int) {};
+    void (*save)(Store&, const RecordFile&) = [](Store&, const RecordFile&) {};
+    void (*loads)(Store&, const RecordFile&) = [](Store&, const RecordFile&) {};
+
+    [[nodiscard]] Steps steps() const {
+        return {*readpi, *build, *printpil, *sketch, *save, *loads};
+    }
+};
+
 class RunTest : public testing::Test {
 protected:
     RunTest() : current_(directory.path()) {}
 
     // Runs the driver on a fresh store, which is then gone with all its units.
-    int run(const Steps& steps) {
+    int run(const ChosenSteps& chosen) { return run_steps(chosen.steps()); }
+    int run_steps(const Steps& steps) {
         const auto cmn = std::make_unique<Store>(0, nullptr);
         const int code = contrl(*cmn, steps);
         EXPECT_EQ(code, cmn->IERR);

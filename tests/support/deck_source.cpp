@@ -14,6 +14,7 @@ constexpr std::size_t copied_columns = 120;
 constexpr std::size_t number_columns = 80;
 constexpr std::size_t token_columns = 50;
 constexpr std::size_t most_numbers = 40;
+constexpr std::size_t joined_columns = 640;
 
 std::vector<std::string> lines_of_deck(std::string_view content) {
     std::vector<std::string> lines;
@@ -58,8 +59,14 @@ bool has_number_form(std::string_view token) {
     return skip_digits() > 0 && i == token.size();
 }
 
+std::string_view without_tabs(std::string_view token) {
+    constexpr std::string_view passed_over = "\t\r";
+    token.remove_prefix(std::min(token.find_first_not_of(passed_over), token.size()));
+    return token.substr(0, token.find_last_not_of(passed_over) + 1);
+}
+
 double number_of(std::string_view token) {
-    std::string text(token);
+    std::string text(without_tabs(token));
     if (!has_number_form(text)) throw std::runtime_error("'" + text + "' is no number");
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
@@ -70,7 +77,6 @@ double number_of(std::string_view token) {
 
 std::vector<std::string_view> tokens_of(std::string_view line) {
     constexpr std::string_view skipped("\0 ", 2);
-    line = line.substr(0, number_columns);
     std::vector<std::string_view> tokens;
     for (;;) {
         const std::size_t from = line.find_first_not_of(skipped);
@@ -80,6 +86,15 @@ std::vector<std::string_view> tokens_of(std::string_view line) {
         tokens.push_back(line.substr(0, length).substr(0, token_columns));
         line.remove_prefix(length);
     }
+}
+
+// What is seen of the next line of a record: the rightmost of its columns that find room behind those
+// of the lines before it.
+std::string seen_of(const std::string& line, std::size_t columns_before) {
+    std::string columns = line;
+    columns.resize(number_columns, ' ');
+    const std::size_t room = joined_columns - std::min(columns_before, joined_columns);
+    return columns.substr(number_columns - std::min(room, number_columns));
 }
 
 // Takes the next value off the front of the text, with the comma directly behind it; empty when the
@@ -131,19 +146,21 @@ void DeckSource::section_start(const char* name, int headings) {
 
 std::vector<double> DeckSource::numbers(std::size_t count) {
     std::vector<double> values;
-    append(values, count);
-    fill(values, count);
+    std::size_t columns = 0;
+    append(values, count, columns);
+    fill(values, count, columns);
     return values;
 }
 
 std::vector<double> DeckSource::counted_numbers() {
     std::vector<double> values;
-    append(values, most_numbers);
+    std::size_t columns = 0;
+    append(values, most_numbers, columns);
     const int following = values.size() > 1 ? integer_of(values[1]) : 0;
     if (following < -2) fail("the count of values is negative");
     const auto expected = static_cast<std::size_t>(following + 2);
     // The count -2 makes the record one of any number of values.
-    if (expected > 0) fill(values, expected);
+    if (expected > 0) fill(values, expected, columns);
     if (values.size() < 2) values.resize(2, 0.0);
     return values;
 }
@@ -173,17 +190,18 @@ double DeckSource::converted(std::string_view token) const {
     }
 }
 
-void DeckSource::append(std::vector<double>& values, std::size_t most) {
-    const std::string& text = line();
+void DeckSource::append(std::vector<double>& values, std::size_t most, std::size_t& columns) {
+    const std::string text = seen_of(line(), columns);
+    columns += text.find_last_not_of(' ') + 2; // one blank joins the lines
     const std::vector<std::string_view> tokens = tokens_of(text);
     if (tokens.empty()) fail("no numbers");
     for (std::size_t i = 0; i < std::min(most, tokens.size()); ++i)
         values.push_back(converted(tokens[i]));
 }
 
-void DeckSource::fill(std::vector<double>& values, std::size_t expected) {
+void DeckSource::fill(std::vector<double>& values, std::size_t expected, std::size_t columns) {
     while (values.size() < expected)
-        append(values, most_numbers - values.size());
+        append(values, most_numbers - values.size(), columns);
     if (values.size() != expected) fail("the record has too many values");
 }
 

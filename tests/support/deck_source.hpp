@@ -41,8 +41,9 @@ public:
     std::vector<double> list_values(std::size_t integers, std::size_t reals);
 
 private:
-    void append(std::vector<double>& values, std::size_t most);
-    void fill(std::vector<double>& values, std::size_t expected);
+    // `columns` are those that the lines of the record have used so far.
+    void append(std::vector<double>& values, std::size_t most, std::size_t& columns);
+    void fill(std::vector<double>& values, std::size_t expected, std::size_t columns);
     double converted(std::string_view token) const;
 
     std::vector<std::string> lines_;

@@ -125,10 +125,14 @@ TEST(SupportDeckReader, AcceptsOtherLineEnds) {
     EXPECT_EQ(parse_deck(text).node_values.size(), 5U);
 }
 
+TEST(SupportDeckReader, PassesOverTabsAroundANumber) {
+    EXPECT_EQ(parse_deck(with_change(deck_text, "0.5  ", "\t0.5\t\r ")).length_factor, 0.5);
+}
+
 TEST(SupportDeckReader, RejectsWhatIsWrong) {
     const std::vector<std::string> broken = {with_change(deck_text, "END", "end"),
                                              with_change(deck_text, "1000.", "1,5"),
-                                             with_change(deck_text, "0.5  ", "0.5\t "),
+                                             with_change(deck_text, "0.5  ", "0.5\t6 "),
                                              with_change(deck_text, "heading\n1000.", "1000."),
                                              with_change(deck_text, "1.0D-2", "1+5"),
                                              with_change(deck_text, "13.0\n  1", "13.0\n  1 2"),

@@ -133,7 +133,7 @@ private:
 };
 
 // Ten levels in equal steps from the compression that the check allows down to the tension at yield;
-// the one nearest to zero is zero.
+// the one nearest to zero is zero where it lies below one million.
 void check_levels(CapacityCheck check, const YieldTube& tube, const YieldCurve& curve,
                   CurveReport& report) {
     const double tension = -area_of(tube, std::numbers::pi) * tube.yield;
@@ -152,9 +152,9 @@ void check_levels(CapacityCheck check, const YieldTube& tube, const YieldCurve& 
         levels[k] = top - static_cast<double>(k) * ((top - tension) / 9.0);
         if (std::abs(levels[k]) < std::abs(levels[nearest])) nearest = k;
     }
-    levels[nearest] = 0.0;
+    if (std::abs(levels[nearest]) < 1.0e6) levels[nearest] = 0.0;
     for (std::size_t k = 0; k < levels.size(); ++k) {
-        const double tolerance = k == nearest ? 0.0 : 1.0e-12 * std::max(top, -tension);
+        const double tolerance = levels[k] == 0.0 ? 0.0 : 1.0e-12 * std::max(top, -tension);
         report.near(curve[k].elastic_axial, levels[k], tolerance, k, "elastic axial force");
         report.near(curve[k].plastic_axial, curve[k].elastic_axial, 0.0, k, "plastic axial force");
     }
@@ -226,11 +226,6 @@ std::vector<std::string> yield_curve_differences(CapacityCheck check, const Yiel
     if (tube.diameter / tube.wall > thinnest) return {"the tube is too thin for a curve"};
     CurveReport report;
     check_levels(check, tube, curve, report);
-    const auto zeros = std::count_if(curve.begin(), curve.end(), [](const YieldPoint& point) {
-        return point.elastic_axial == 0.0;
-    });
-    report.require(zeros == 1, 0, "number of axial forces that are zero",
-                   static_cast<double>(zeros), 1.0);
     for (const std::size_t end : {std::size_t{0}, curve.size() - 1}) {
         report.near(curve[end].elastic_moment, 0.0, 0.0, end, "elastic moment");
         report.near(curve[end].plastic_moment, 0.0, 0.0, end, "plastic moment");

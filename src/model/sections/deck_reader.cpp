@@ -1,4 +1,3 @@
-// Reads lines and numeric records of the comment-free copy, counts them and reports faults.
 #include "model/sections/deck_reader.hpp"
 
 #include "model/store/integer.hpp"
@@ -6,21 +5,6 @@
 #include <algorithm>
 
 namespace korvat {
-
-// The line that could not be read; where the input was not even copied, the one that ended it.
-DeckPlace DeckReader::unread_place() const {
-    const int behind_copy = static_cast<int>(cmn.report.deck_lines.size()) + 1;
-    return {.line = cmn.NLINE == 0 ? behind_copy : cmn.NLINE};
-}
-
-int DeckReader::report_unreadable(fortran::ReadStatus status) {
-    if (status == fortran::ReadStatus::end) {
-        report_error(cmn, cmn.NF6, unread_place(), messages_.end_of_file, LOC);
-        return cause::end_of_file;
-    }
-    report_error(cmn, cmn.NF6, unread_place(), messages_.format_error, LOC);
-    return cause::format_error;
-}
 
 int DeckReader::read_record(deck::RecordId id, int k) {
     const deck::Record& record = deck::record(id);
@@ -30,14 +14,12 @@ int DeckReader::read_record(deck::RecordId id, int k) {
     ++cmn.NLINE;
     read(cmn, count, LOC, cmn.NF12, cmn.NF6, NPHYS, cmn.LINE, VAR, fault);
     cmn.NLINE += std::max(NPHYS - 1, 0); // the continuation lines
-    if (fault == 0) return no_fault;
-    report_error(cmn, cmn.NF6, line_place(), messages_.record_fault, LOC);
-    return cause::record_fault;
+    return fault == 0 ? no_fault : report_record_fault();
 }
 
 DeckPlace DeckReader::place(int i) const {
-    const DeckPlace place =
-        place_of_number(cmn.report.record_lines, cmn.LINE, cmn.NLINE - std::max(NPHYS - 1, 0), i);
+    const int first_line = cmn.NLINE - std::max(NPHYS - 1, 0);
+    const DeckPlace place = place_of_number(cmn.report.record_lines, cmn.LINE, first_line, i);
     return place.column == 0 ? line_place() : place;
 }
 

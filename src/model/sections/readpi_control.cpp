@@ -26,7 +26,6 @@ int read_factors(SectionReader& in) {
     if (const int fault = read_factor(in, RecordId::length_factor, cmn.FACL)) return fault;
     if (cmn.TOL > cmn.FACF) cmn.FACF = 1.0;
     if (cmn.TOL > cmn.FACL) cmn.FACL = 1.0;
-    in.stress = cmn.FACF / cmn.FACL / cmn.FACL;
     return no_fault;
 }
 

@@ -70,7 +70,7 @@ int read_cross_sections(SectionReader& in) {
     for (int k = 1; previous < cmn.NUMCRS; ++k) {
         if (const int fault = in.read_record(deck::RecordId::cross_section, k)) return fault;
         const int N = in.integer(1);
-        const TubeRecord tube = scaled(given_record(in), cmn, in.stress);
+        const TubeRecord tube = scaled(given_record(in), cmn);
         if (const int fault = check_sequence(in, N, previous, k)) return fault;
         if (const int fault = check_values(in, N, tube)) return fault;
         store_tube(cmn, N, tube);

@@ -12,10 +12,11 @@ constexpr double high_temperature_strain = 1.0e-4F;
 
 void store_material(SectionReader& in, int N) {
     Store& cmn = in.cmn;
-    cmn.EMOD(N) = in.VAR(2) * in.stress;
-    cmn.GMOD(N) = in.VAR(3) * in.stress;
-    cmn.SIGYLD(N) = in.VAR(4) * in.stress;
-    cmn.UWWALL(N) = in.VAR(5) * (in.stress / cmn.FACL);
+    const double stress = stress_factor(cmn);
+    cmn.EMOD(N) = in.VAR(2) * stress;
+    cmn.GMOD(N) = in.VAR(3) * stress;
+    cmn.SIGYLD(N) = in.VAR(4) * stress;
+    cmn.UWWALL(N) = in.VAR(5) * (stress / cmn.FACL);
     cmn.EPSTMP(N) = in.VAR(6);
 }
 

@@ -127,7 +127,7 @@ int read_special_node_values(SectionReader& in) {
     if (const int fault = in.require_blank_line("SPECIAL PILE NODE VALUES")) return fault;
     if (const int fault = in.skip_headings(2)) return fault;
     for (int NOW = 1;; ++NOW) {
-        // Tested before the record is read: 500 records cannot be followed by an end record.
+        // Checked before the record is read: after 500 records there is no room for an end record.
         if (NOW > limits::special_records) {
             return in.reject(in.line_place(),
                              "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,MAX=',2i5)", NOW,

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "fortran/list_directed.hpp"
-#include "input/linerd.hpp"
-#include "model/sections/deck_reader.hpp"
+#include "model/sections/deck_lines.hpp"
+#include "model/sections/deck_records.hpp"
 #include "model/sections/tube_record.hpp"
-#include "model/store/report_error.hpp"
 
 #include <array>
 
@@ -21,20 +20,10 @@ struct Rev5Tube {
 // Stores a tube in internal units as cross section `number`.
 void store_rev5_tube(Store& cmn, int number, const Rev5Tube& tube);
 
-// Reads text lines and list-directed records from NF12, counting every line fetched in NLINE.
-// Functions return no_fault or a cause code after they have written the message to NF6.
-class Rev5Reader {
+// Reads list-directed records, each from a line of its own on.
+class Rev5Reader : public DeckLines {
 public:
-    explicit Rev5Reader(Store& store) : cmn(store), stress(store.FACF / store.FACL / store.FACL) {}
-
-    // Fetches one line of `Width` columns.
-    template <std::size_t Width>
-    [[nodiscard]] int fetch(fortran::Text<Width>& line) {
-        ++cmn.NLINE;
-        const fortran::ReadStatus status = cmn.runtime.read_line(cmn.NF12, line);
-        if (status == fortran::ReadStatus::line) return no_fault;
-        return report_unreadable(status);
-    }
+    explicit Rev5Reader(Store& store);
 
     // Reads the values of one record; they may go on over several lines.
     template <typename... Values>
@@ -58,14 +47,6 @@ public:
                            line.CMISC[1], line.CMISC[2]);
     }
 
-    // Writes the message of a check that failed at a place.
-    template <fortran::Writable... Items>
-    [[nodiscard]] int reject(const DeckPlace& place, std::string_view format,
-                             const Items&... items) {
-        report_error(cmn, cmn.NF6, place, format, items...);
-        return cause::bad_value;
-    }
-
     // Writes the second line of a message whose first has just been written.
     template <fortran::Writable... Items>
     [[nodiscard]] int add_to_message(std::string_view format, const Items&... items) {
@@ -73,22 +54,10 @@ public:
         return cause::bad_value;
     }
 
-    // The line just read.
-    [[nodiscard]] DeckPlace line_place() const { return {.line = cmn.NLINE}; }
-
     // Value i (from 1) of the record just read.
     [[nodiscard]] DeckPlace place(int i) const {
         return places_.at(static_cast<std::size_t>(i - 1));
     }
-
-    [[nodiscard]] int report_unreadable(fortran::ReadStatus status) {
-        return status == fortran::ReadStatus::end ? report_end_of_file()
-                                                  : report_bad_value(line_place());
-    }
-
-    Store& cmn;
-    double stress; // stress factor FACF / FACL / FACL
-    int LOC = 0;   // location code of the record being read
 
 private:
     static constexpr std::size_t most_values = 16;
@@ -107,16 +76,13 @@ private:
             }
             if (result == fortran::ListDirected::Result::value) return no_fault;
             if (result == fortran::ListDirected::Result::bad_value) {
-                return report_bad_value(places_.at(count_ - 1));
+                return report_format_error(places_.at(count_ - 1));
             }
             fortran::Text<120> line;
             if (const int fault = fetch(line)) return fault;
             list.add_line(line.view());
         }
     }
-
-    int report_bad_value(const DeckPlace& place);
-    int report_end_of_file();
 
     int first_line_ = 0;                          // of the record just read
     std::array<DeckPlace, most_values> places_{}; // of its values

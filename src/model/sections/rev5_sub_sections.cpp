@@ -122,7 +122,7 @@ int read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_pla
         SubSectionLine line;
         if (const int fault = read_line(in, N, j, line)) return fault;
         if (const int fault = check_numbers(in, N, j, line)) return fault;
-        line.tube = scaled(line.tube, cmn, in.stress);
+        line.tube = scaled(line.tube, cmn);
         if (const int fault = check_values(in, N, j, line)) return fault;
         if (j == 1) inner = line.tube.DIAM;
         if (const int fault = check_nesting(in, N, j, inner, line.tube.DIAM)) return fault;

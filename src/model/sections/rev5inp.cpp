@@ -20,7 +20,7 @@ int read_section_line(Rev5Reader& in, int N, SectionLine& line) {
                          "(/,' **** SR/REV5INP : Cross section = ',i2,'  Expected',' value = ',i2)",
                          line.number, N);
     }
-    line.tube = scaled(line.tube, in.cmn, in.stress);
+    line.tube = scaled(line.tube, in.cmn);
     return no_fault;
 }
 
@@ -119,26 +119,6 @@ int read_section(Rev5Reader& in) {
 }
 
 } // namespace
-
-void store_rev5_tube(Store& cmn, int number, const Rev5Tube& tube) {
-    store_tube(cmn, number, tube.tube);
-    cmn.ECC(number) = tube.ECC;
-    for (int i = 1; i <= 3; ++i) {
-        cmn.CMISC(i, number) = tube.CMISC[i - 1];
-    }
-}
-
-int Rev5Reader::report_bad_value(const DeckPlace& place) {
-    report_error(cmn, cmn.NF6, place, "(/,' **** SR/REV5INP : Input data format error  LOC=',i5)",
-                 LOC);
-    return cause::format_error;
-}
-
-int Rev5Reader::report_end_of_file() {
-    report_error(cmn, cmn.NF6, line_place(),
-                 "(/,' **** SR/REV5INP : End-of-file at unit NF12  LOC=',i5)", LOC);
-    return cause::end_of_file;
-}
 
 int read_cross_section_lines(Rev5Reader& in) {
     Store& cmn = in.cmn;

@@ -1,4 +1,3 @@
-// What the readers of the deck's sections share: headings, blank lines, counts, unit factors.
 #include "model/sections/section_reader.hpp"
 
 #include <string>

@@ -1,4 +1,4 @@
-// What the readers of the deck's sections share: headings, blank lines, counts, unit factors.
+// What the readers of readpi's sections share: headings, blank lines, warnings.
 #pragma once
 
 #include "model/sections/deck_reader.hpp"
@@ -25,8 +25,7 @@ public:
         cmn.runtime.write(cmn.NF6, format, items...);
     }
 
-    int NUMSEG = 0;      // pile segment types, 1..MAXSEG
-    double stress = 0.0; // stress factor FACF / FACL / FACL
+    int NUMSEG = 0; // pile segment types, 1..MAXSEG
 };
 
 // The sections, in deck order. Each leaves the reader behind its last line.

@@ -3,7 +3,7 @@
 
 namespace korvat {
 
-TubeRecord scaled(const TubeRecord& given, const Store& cmn, double stress) {
+TubeRecord scaled(const TubeRecord& given, const Store& cmn) {
     const double FACF = cmn.FACF;
     const double FACL = cmn.FACL;
     return {.MATCRS = given.MATCRS,
@@ -13,7 +13,7 @@ TubeRecord scaled(const TubeRecord& given, const Store& cmn, double stress) {
             .STFBN = given.STFBN * (FACF * FACL * FACL),
             .STFSH = given.STFSH * FACF,
             .STFTO = given.STFTO * (FACF * FACL * FACL),
-            .UWFLD = given.UWFLD * (stress / FACL)};
+            .UWFLD = given.UWFLD * (stress_factor(cmn) / FACL)};
 }
 
 int size_error(const TubeRecord& tube, const Store& cmn) {

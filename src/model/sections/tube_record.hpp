@@ -16,8 +16,8 @@ struct TubeRecord {
     double UWFLD = 0.0;
 };
 
-// The record in internal units. `stress` is the stress factor of the run.
-[[nodiscard]] TubeRecord scaled(const TubeRecord& given, const Store& cmn, double stress);
+// The record in internal units.
+[[nodiscard]] TubeRecord scaled(const TubeRecord& given, const Store& cmn);
 
 // 1: no diameter, 2: no wall, 3: a wall of more than half the diameter; the last that applies, or 0.
 [[nodiscard]] int size_error(const TubeRecord& tube, const Store& cmn);

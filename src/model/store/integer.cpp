@@ -1,4 +1,4 @@
-// Integers out of reals, never out of range.
+// Integers from reals, always within range.
 #include "model/store/integer.hpp"
 
 #include <algorithm>

@@ -1,16 +1,16 @@
-// Integers out of reals, never out of range.
+// Integers from reals, always within range.
 #pragma once
 
 namespace korvat {
 
-// The largest integer not above value + 0.5, held within the 32-bit range; not-a-number gives the
+// The largest integer not above value + 0.5, limited to the 32-bit range; not-a-number gives the
 // lowest integer.
 [[nodiscard]] int nearest_integer(double value);
 
-// The value cut towards zero, first held within lowest..highest; not-a-number gives lowest.
+// The value limited to lowest..highest, then truncated towards zero; not-a-number gives lowest.
 [[nodiscard]] int truncated(double value, int lowest, int highest);
 
-// a + b, held within the 32-bit range.
+// a + b, limited to the 32-bit range.
 [[nodiscard]] int saturated_sum(int a, int b);
 
 } // namespace korvat

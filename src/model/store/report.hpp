@@ -16,6 +16,7 @@ namespace korvat {
 struct LineColumns {
     int first = 1;
     int last = 1;
+    int unseen = 0; // columns of the deck's line that found no room in front of them
 };
 
 // The physical lines of a record. Every line but the last has a number on it, and the last may find

@@ -5,7 +5,7 @@
 
 namespace korvat {
 
-// Sets the unit numbers but those of console and message log, PI, TOL and the maximum counts.
+// Sets PI, TOL, the maximum counts, and all unit numbers except those of console and message log.
 void set_run_constants(Store& cmn);
 
 } // namespace korvat

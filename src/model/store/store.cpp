@@ -19,6 +19,10 @@ double material_value(const Store& cmn, const Table1<double, limits::materials>&
     return values(material);
 }
 
+double stress_factor(const Store& cmn) {
+    return cmn.FACF / cmn.FACL / cmn.FACL;
+}
+
 void rstpil(Store& cmn) {
     std::ranges::fill(cmn.NSEGP.all(), 0);
     std::ranges::fill(cmn.NELP.all(), 0);

@@ -174,6 +174,9 @@ struct Store : UnitNumbers,
 [[nodiscard]] double material_value(const Store& cmn,
                                     const Table1<double, limits::materials>& values, int material);
 
+// Unit factor of a stress.
+[[nodiscard]] double stress_factor(const Store& cmn);
+
 // Clears, for all piles whatever NUMPIL is, NSEGP, NELP, IFIX, ITIP, ISEGP and TSNOD.
 void rstpil(Store& cmn);
 

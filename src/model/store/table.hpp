@@ -9,7 +9,7 @@
 namespace korvat {
 
 // N values, index 1..N. The capacity is allocated at construction and never changes. An index
-// outside the table is a fault of the program: an assertion.
+// outside the table fails an assertion, in every build.
 template <typename T, int N>
 class Table1 {
 public:

@@ -153,9 +153,9 @@ TEST_F(GeometrySection, PilesAreOmittedBetweenGivenPilesOnly) {
               text + "    2    4    4\n"); // the last one
 }
 
-TEST_F(GeometrySection, CoordinatesThatOverflowAreShownAsAsterisks) {
+TEST_F(GeometrySection, CoordinatesThatOverflowAreShownAsInfinite) {
     set_factors(1.0, 1e10);
-    EXPECT_EQ(log_of({"1 0 0 0 0 1e300 0 0 0"}), tip_above_head("    1**********     0.000"));
+    EXPECT_EQ(log_of({"1 0 0 0 0 1e300 0 0 0"}), tip_above_head("    1       inf     0.000"));
     EXPECT_EQ(read_piles({"1 0 0 1e300 -1e300 0 0 0 1e300"}), 0);
     EXPECT_FALSE(std::isfinite(cmn().XHEAD(1, 1)));
 }

@@ -16,7 +16,6 @@ protected:
     void set_factors(double force, double length) {
         cmn().FACF = force;
         cmn().FACL = length;
-        in.stress = force / length / length;
     }
 
     // Reads one section from its first line; returns its cause code.

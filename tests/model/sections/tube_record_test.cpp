@@ -25,7 +25,7 @@ constexpr TubeRecord sample = {.MATCRS = 3,
                                .UWFLD = 10.3};
 
 TEST_F(TubeRecordTest, FactorsOfOneChangeNothing) {
-    const TubeRecord tube = scaled(sample, cmn(), 1.0);
+    const TubeRecord tube = scaled(sample, cmn());
     EXPECT_EQ(tube.MATCRS, 3);
     EXPECT_EQ(tube.DIAM, 1.5);
     EXPECT_EQ(tube.WALL, 0.3);
@@ -40,7 +40,7 @@ TEST_F(TubeRecordTest, FactorIsFormedBeforeTheValueIsMultiplied) {
     cmn().FACF = 4.448;
     cmn().FACL = 0.3048;
     const double stress = 4.448 / 0.3048 / 0.3048;
-    const TubeRecord tube = scaled(sample, cmn(), stress);
+    const TubeRecord tube = scaled(sample, cmn());
     EXPECT_EQ(tube.MATCRS, 3);
     EXPECT_EQ(tube.DIAM, 1.5 * 0.3048);
     EXPECT_EQ(tube.WALL, 0.3 * 0.3048);
