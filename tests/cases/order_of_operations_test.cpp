@@ -51,13 +51,13 @@ std::string joined(const std::vector<std::string>& lines) {
 }
 
 // One vertical pile of one material. In revision 5 the version line is the second.
-std::string deck(int revision, const Factors& factors, int sections, bool loaded,
+std::string deck(int revision, const Factors& factors, int sections,
                  const std::string& section_lines, const std::string& load_lines = "") {
     const std::string version = revision == 5 ? "KORVAT Version: 2009-09-01\n" : "";
     const std::string third_heading = revision == 5 ? " -\n" : "";
     return "One pile\n" + version +
            joined({"", " Control", factors.force.text, factors.length.text, "1",
-                   std::to_string(sections), "1", "1", loaded ? "1" : "0", "0", "0", "",
+                   std::to_string(sections), "1", "1", load_lines.empty() ? "0" : "1", "0", "0", "",
                    " Materials", " N E G fy"}) +
            third_heading +
            joined(
@@ -116,13 +116,13 @@ void expect_other_stress_factor_differs() {
 void expect_scaled_section(const Slots& slots) {
     const double force = odd_factors.force.value;
     const double length = odd_factors.length.value;
-    const double moment_of_inertia_factor = force * length * length;
+    const double bending_factor = force * length * length;
     EXPECT_EQ(slots[fluid_weight], UWFLD.value * (stress_factor(odd_factors) / length));
     EXPECT_EQ(slots[axial], STF.value * force);
     EXPECT_EQ(slots[shear], STF.value * force);
-    EXPECT_EQ(slots[bending], STF.value * moment_of_inertia_factor);
-    EXPECT_EQ(slots[torsion], STF.value * moment_of_inertia_factor);
-    EXPECT_NE(STF.value * moment_of_inertia_factor, STF.value * force * length * length);
+    EXPECT_EQ(slots[bending], STF.value * bending_factor);
+    EXPECT_EQ(slots[torsion], STF.value * bending_factor);
+    EXPECT_NE(STF.value * bending_factor, STF.value * force * length * length);
 }
 
 const std::string stiffnesses = STF.text + " " + STF.text + " " + STF.text + " " + STF.text;
@@ -130,7 +130,7 @@ const std::string stiffnesses = STF.text + " " + STF.text + " " + STF.text + " "
 TEST(OrderOfOperations, OfTheUnitsInRevision4) {
     expect_other_stress_factor_differs();
     const auto sections = sections_of_run(
-        deck(4, odd_factors, 1, false, "1 1 1 0.1 " + stiffnesses + " " + UWFLD.text + "\n"));
+        deck(4, odd_factors, 1, "1 1 1 0.1 " + stiffnesses + " " + UWFLD.text + "\n"));
     ASSERT_EQ(sections.size(), 1U);
     const double stress = stress_factor(odd_factors);
     expect_material(sections[0], stress);
@@ -142,7 +142,7 @@ TEST(OrderOfOperations, OfTheUnitsInRevision5) {
     expect_other_stress_factor_differs();
     const std::string rest = " " + stiffnesses + " " + UWFLD.text + " 0 0 0 0\n";
     const auto sections =
-        sections_of_run(deck(5, odd_factors, 2, false,
+        sections_of_run(deck(5, odd_factors, 2,
                              "1 1 0 1 1 0.1" + rest + "2 2 0 0 0 0 0 0 0 0 0 0 0 0 0\n" +
                                  "2 1 1 0 1 1 0.1" + rest + "2 2 1 0 1 0.8 0.1" + rest));
     ASSERT_EQ(sections.size(), 4U); // a tube, a composite and its two tubes
@@ -176,8 +176,8 @@ TEST(OrderOfOperations, OfTheGenerationOfCrossSections) {
         first += " " + range.first.text;
         last += " " + range.last.text;
     }
-    const auto sections = sections_of_run(
-        deck(4, {{"1", 1.0}, {"1", 1.0}}, skipped + 2, false, joined({first, last})));
+    const auto sections =
+        sections_of_run(deck(4, {{"1", 1.0}, {"1", 1.0}}, skipped + 2, joined({first, last})));
     ASSERT_EQ(sections.size(), 9U);
     int product_differs = 0;
     int division_last_differs = 0;
@@ -217,7 +217,7 @@ TEST(OrderOfOperations, OfTheLoads) {
     for (const Number& load : loads)
         line += " " + load.text;
     const std::vector<Record> records =
-        records_of_run(deck(4, factors, 1, true, "1 1 1 0.1 0 0 0 0 0\n",
+        records_of_run(deck(4, factors, 1, "1 1 1 0.1 0 0 0 0 0\n",
                             joined({"", " Loads", "Vector", "1", F.text, " NP", line})),
                        "LOAD.09");
     ASSERT_EQ(records.size(), 3U); // label, count, pile
