@@ -1,0 +1,36 @@
+// Decimal digits of an integer.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace korvat::fortran {
+
+// Stores the digits of `value` so that they end before `end`, as many as it has but at least
+// `least`, filled up with zeros on the left. Returns where they begin.
+inline char* put_digits_before(char* end, std::uint64_t value, int least) {
+    static constexpr char pairs[] = "0001020304050607080910111213141516171819"
+                                    "2021222324252627282930313233343536373839"
+                                    "4041424344454647484950515253545556575859"
+                                    "6061626364656667686970717273747576777879"
+                                    "8081828384858687888990919293949596979899";
+    char* const last = end - least;
+    while (value >= 100) {
+        end -= 2;
+        std::memcpy(end, pairs + 2 * (value % 100), 2);
+        value /= 100;
+    }
+    if (value >= 10) {
+        end -= 2;
+        std::memcpy(end, pairs + 2 * value, 2);
+    } else if (value > 0) {
+        *--end = static_cast<char>('0' + value);
+    }
+    while (end > last) {
+        *--end = '0';
+    }
+    return end;
+}
+
+} // namespace korvat::fortran

@@ -1,0 +1,116 @@
+#include "fortran/edit_fixed.hpp"
+
+#include "fortran/digits.hpp"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string_view>
+
+namespace korvat::fortran {
+namespace {
+
+__extension__ using uint128 = unsigned __int128;
+
+constexpr std::size_t longest_text = 63; // of the runtime's buffer, its terminator left out
+
+constexpr std::array<std::uint64_t, 20> powers_of_ten = [] {
+    std::array<std::uint64_t, 20> powers{};
+    std::uint64_t power = 1;
+    for (std::uint64_t& entry : powers) {
+        entry = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+// A real is m 2^e with a whole m below 2^53.
+struct Binary {
+    std::uint64_t m;
+    int e;
+};
+
+Binary binary_of(double value) {
+    constexpr std::uint64_t fraction_mask = (std::uint64_t{1} << 52) - 1;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const auto exponent = static_cast<int>((bits >> 52) & 0x7FFU);
+    const std::uint64_t fraction = bits & fraction_mask;
+    if (exponent == 0) return {fraction, -1074};
+    return {fraction | (fraction_mask + 1), exponent - 1075};
+}
+
+// |value| 10^digits, rounded to a whole number: the decimals as one integer. m 10^digits is exact
+// in 128 bits; dividing by the power of two is a shift, and what it drops, compared with one half,
+// decides the rounding. Nothing where a result below 2^63 cannot be had that way.
+std::optional<std::uint64_t> whole_of(double value, int digits) {
+    if (digits >= static_cast<int>(powers_of_ten.size())) return std::nullopt;
+    constexpr uint128 limit = uint128{1} << 63;
+    const auto [m, e] = binary_of(value);
+    const uint128 n = uint128{m} * powers_of_ten[static_cast<std::size_t>(digits)];
+    if (e >= 0) {
+        if (e >= 63 || n >= limit >> e) return std::nullopt;
+        return static_cast<std::uint64_t>(n << e);
+    }
+    const int shift = -e;
+    if (shift >= 120) return 0; // n has at most 117 bits: less than one half is left
+    uint128 whole = n >> shift;
+    const uint128 rest = n - (whole << shift);
+    const uint128 half = uint128{1} << (shift - 1);
+    if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
+    if (whole >= limit) return std::nullopt;
+    return static_cast<std::uint64_t>(whole);
+}
+
+// The decimal without its sign, before `end`; returns where it begins.
+char* put_whole_before(char* end, std::uint64_t whole, int digits) {
+    if (digits == 0) return put_digits_before(end, whole, 1);
+    const std::uint64_t power = powers_of_ten[static_cast<std::size_t>(digits)];
+    char* begin = put_digits_before(end, whole % power, digits);
+    *--begin = '.';
+    return put_digits_before(begin, whole / power, 1);
+}
+
+std::size_t justified(char* to, std::string_view text, int width) {
+    const std::size_t columns = std::max(text.size(), static_cast<std::size_t>(width));
+    std::memset(to, ' ', columns - text.size());
+    std::memcpy(to + (columns - text.size()), text.data(), text.size());
+    return columns;
+}
+
+std::size_t asterisks(char* to, int width) {
+    std::memset(to, '*', static_cast<std::size_t>(width));
+    return static_cast<std::size_t>(width);
+}
+
+// The way of values and digits that are too large for the whole number.
+std::size_t edit_large(char* to, double value, int width, int digits) {
+    std::array<char, longest_text> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::fixed, digits);
+    if (end.ec != std::errc()) return asterisks(to, width);
+    return justified(
+        to, {text.data(), static_cast<std::size_t>(end.ptr - text.data())}, width);
+}
+
+} // namespace
+
+std::size_t edit_fixed(char* to, double value, int width, int digits) {
+    if (width > static_cast<int>(longest_text)) return asterisks(to, width);
+    const bool is_negative = std::signbit(value);
+    if (!std::isfinite(value)) {
+        const std::string_view name = std::isnan(value) ? "-nan" : "-inf";
+        return justified(to, name.substr(is_negative ? 0 : 1), width);
+    }
+    const auto whole = whole_of(value, digits);
+    if (!whole) return edit_large(to, value, width, digits);
+    std::array<char, longest_text + 1> text{};
+    char* const end = text.data() + text.size();
+    char* begin = put_whole_before(end, *whole, digits);
+    if (is_negative) *--begin = '-';
+    return justified(to, {begin, static_cast<std::size_t>(end - begin)}, width);
+}
+
+} // namespace korvat::fortran

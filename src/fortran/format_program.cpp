@@ -1,0 +1,133 @@
+#include "fortran/format_program.hpp"
+
+#include "fortran/as_fem.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+namespace korvat::fortran {
+namespace {
+
+using Kind = FormatStep::Kind;
+
+constexpr std::size_t most_steps = 10'000;
+constexpr int no_width = -1;
+constexpr int widest_integer = 62; // the runtime edits an integer in 64 bytes
+constexpr int widest_real = 255;   // and under e in 256
+
+[[noreturn]] void refuse(const std::string& token) {
+    throw std::runtime_error("FORMAT with a descriptor that cannot be edited: " + token);
+}
+
+// The numbers w and d behind a descriptor's letter; where they are missing, the given ones stay.
+void read_width(const std::string& token, int& width, int& digits) {
+    const char* const end = token.data() + token.size();
+    const auto read = std::from_chars(token.data() + 1, end, width);
+    if (read.ptr == end || *read.ptr != '.') return;
+    std::from_chars(read.ptr + 1, end, digits);
+}
+
+bool begins_with_zero(const std::string& token) {
+    return token.size() > 2 && token[1] == '0' && token[2] != '.';
+}
+
+FormatStep data_step(const std::string& token) {
+    FormatStep step{.kind = Kind::text, .width = no_width};
+    switch (token.front()) {
+    case 'a':
+        read_width(token, step.width, step.digits);
+        return step;
+    case 'i':
+        step = {.kind = Kind::integer, .digits = 1};
+        break;
+    case 'f':
+        step = {.kind = Kind::fixed, .digits = 6}; // as many as printf takes for none
+        break;
+    case 'e':
+        if (token.size() == 1) refuse(token);
+        step.kind = Kind::exponent;
+        step.width = 0;
+        break;
+    default:
+        refuse(token);
+    }
+    if (begins_with_zero(token)) refuse(token); // printf would fill with zeros
+    read_width(token, step.width, step.digits);
+    const int widest = step.kind == Kind::integer ? widest_integer : widest_real;
+    if (step.width > widest || step.digits > widest) refuse(token);
+    if (step.kind == Kind::exponent && step.width == 0) refuse(token);
+    return step;
+}
+
+// The number in front of a letter, with its sign; 1 where there is none.
+int leading_number(const std::string& token) {
+    int number = 1;
+    const char* const start = token.data() + (token.front() == '+' ? 1 : 0);
+    std::from_chars(start, token.data() + token.size(), number);
+    return number;
+}
+
+FormatStep operation(const std::string& token) {
+    switch (token.front()) {
+    case '/':
+        return {.kind = Kind::literal, .literal = "\n"};
+    case ':':
+        return {.kind = Kind::colon};
+    case '$':
+        return {.kind = Kind::no_line_end};
+    default:
+        refuse(token);
+    }
+}
+
+FormatStep step_of(const fem::utils::token& token) {
+    if (token.type == "string") return {.kind = Kind::literal, .literal = token.value};
+    if (token.type == "op") return operation(token.value);
+    if (token.value.ends_with('x')) {
+        return {.kind = Kind::blanks, .width = leading_number(token.value)};
+    }
+    if (token.value.ends_with('p')) {
+        const int scale = leading_number(token.value);
+        if (scale < 0) refuse(token.value); // the runtime would write outside its buffer
+        return {.kind = Kind::scale, .width = scale};
+    }
+    return data_step(token.value);
+}
+
+bool takes_an_item(const FormatStep& step) {
+    return step.takes_an_item();
+}
+
+} // namespace
+
+FormatProgram::FormatProgram(std::string_view format) : format_(format) {
+    fem::format::token_loop loop(as_fem(format_));
+    const auto walk_to_end = [&] {
+        while (const fem::utils::token* const token = loop.next_executable_token(/*final*/ true)) {
+            if (steps_.size() == most_steps) refuse(format_);
+            steps_.push_back(step_of(*token));
+        }
+    };
+    walk_to_end();
+    reversion_ = steps_.size();
+    if (steps_.empty()) return;
+    steps_.push_back(step_of(*loop.next_executable_token())); // the line end of the reversion
+    walk_to_end();
+    const auto reversion = steps_.begin() + static_cast<std::ptrdiff_t>(reversion_);
+    if (std::any_of(reversion, steps_.end(), takes_an_item)) return;
+    steps_.erase(reversion, steps_.end());
+}
+
+const FormatProgram& FormatPrograms::of(std::string_view format) {
+    if (last_ != nullptr && last_->format() == format) return *last_;
+    auto found = known_.find(format);
+    if (found == known_.end()) {
+        auto program = std::make_unique<FormatProgram>(format);
+        found = known_.emplace(std::string(format), std::move(program)).first;
+    }
+    last_ = found->second.get();
+    return *last_;
+}
+
+} // namespace korvat::fortran
