@@ -53,19 +53,17 @@ int RecordFile::close() {
     return error;
 }
 
-void RecordBuilder::add_bytes(std::uint64_t value, int count) {
-    for (int i = 0; i < count; ++i) {
-        bytes_ += static_cast<char>((value >> (8 * i)) & 0xFFU);
-    }
-}
+static_assert(std::endian::native == std::endian::little, "values are written as they stand in memory");
 
 RecordBuilder& RecordBuilder::add(int value) {
-    add_bytes(static_cast<std::uint32_t>(value), 4);
+    static_assert(sizeof value == 4);
+    bytes_.append(reinterpret_cast<const char*>(&value), sizeof value);
     return *this;
 }
 
 RecordBuilder& RecordBuilder::add(double value) {
-    add_bytes(std::bit_cast<std::uint64_t>(value), 8);
+    static_assert(sizeof value == 8);
+    bytes_.append(reinterpret_cast<const char*>(&value), sizeof value);
     return *this;
 }
 

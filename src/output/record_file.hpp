@@ -3,7 +3,6 @@
 
 #include "output/i_stream_writer.hpp"
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -47,7 +46,9 @@ private:
 // Collects the items of one record, in order, and writes it once.
 class RecordBuilder {
 public:
-    explicit RecordBuilder(const RecordFile& file) : stream_(file.stream_) {}
+    explicit RecordBuilder(const RecordFile& file) : stream_(file.stream_) {
+        bytes_.reserve(usual_size);
+    }
 
     RecordBuilder& add(int value);    // 4 bytes, little-endian
     RecordBuilder& add(double value); // 8 bytes, little-endian
@@ -67,7 +68,7 @@ public:
     void write();
 
 private:
-    void add_bytes(std::uint64_t value, int count);
+    static constexpr std::size_t usual_size = 4096; // of a pile's longer records
 
     std::shared_ptr<IStreamWriter> stream_;
     std::string bytes_; // of the items so far
