@@ -2,7 +2,6 @@
 
 #include "fortran/as_fem.hpp"
 
-#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 
@@ -95,10 +94,6 @@ FormatStep step_of(const fem::utils::token& token) {
     return data_step(token.value);
 }
 
-bool takes_an_item(const FormatStep& step) {
-    return step.takes_an_item();
-}
-
 } // namespace
 
 FormatProgram::FormatProgram(std::string_view format) : format_(format) {
@@ -114,9 +109,26 @@ FormatProgram::FormatProgram(std::string_view format) : format_(format) {
     if (steps_.empty()) return;
     steps_.push_back(step_of(*loop.next_executable_token())); // the line end of the reversion
     walk_to_end();
-    const auto reversion = steps_.begin() + static_cast<std::ptrdiff_t>(reversion_);
-    if (std::any_of(reversion, steps_.end(), takes_an_item)) return;
-    steps_.erase(reversion, steps_.end());
+    list_data_steps();
+    const bool takes_no_further_item = data_steps_.size() == first_pass_items_;
+    if (takes_no_further_item) steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(reversion_), steps_.end());
+}
+
+void FormatProgram::list_data_steps() {
+    for (std::size_t i = 0; i < steps_.size(); ++i) {
+        if (!steps_[i].takes_an_item()) continue;
+        data_steps_.push_back(i);
+        if (i < reversion_) ++first_pass_items_;
+    }
+}
+
+const FormatStep& FormatProgram::step_of_item(std::size_t i) const {
+    if (i < first_pass_items_) return steps_[data_steps_[i]];
+    const std::size_t per_pass = data_steps_.size() - first_pass_items_;
+    if (per_pass == 0) {
+        throw std::runtime_error("FORMAT without a descriptor for every item: " + format_);
+    }
+    return steps_[data_steps_[first_pass_items_ + (i - first_pass_items_) % per_pass]];
 }
 
 const FormatProgram& FormatPrograms::of(std::string_view format) {

@@ -13,6 +13,43 @@ namespace {
 
 using Kind = FormatStep::Kind;
 
+bool agrees(const Item& item, Kind descriptor) {
+    switch (item.kind()) {
+    case Item::Kind::integer:
+        return descriptor == Kind::integer;
+    case Item::Kind::real:
+        return descriptor == Kind::fixed || descriptor == Kind::exponent;
+    case Item::Kind::text:
+    case Item::Kind::right_text:
+        return descriptor == Kind::text;
+    }
+    return false;
+}
+
+char letter_of(Kind descriptor) {
+    switch (descriptor) {
+    case Kind::integer:
+        return 'i';
+    case Kind::fixed:
+        return 'f';
+    case Kind::exponent:
+        return 'e';
+    default:
+        return 'a';
+    }
+}
+
+// The runtime would lose the width of another kind of item without a word.
+void require_kinds(const FormatProgram& program, std::span<const Item> items) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const Kind descriptor = program.step_of_item(i).kind;
+        if (agrees(items[i], descriptor)) continue;
+        throw std::logic_error("item " + std::to_string(i + 1) + " does not fit its descriptor '" +
+                               std::string(1, letter_of(descriptor)) + "' in FORMAT " +
+                               program.format());
+    }
+}
+
 // The way of one write through the steps of its FORMAT.
 class FormattedWrite {
 public:
@@ -25,15 +62,12 @@ public:
         held_blanks_ = 0;
         switch (step.kind) {
         case Kind::integer:
-            require(item, Item::Kind::integer);
             out_.took(edit_integer(out_.room(80), item.integer(), step.width, step.digits));
             return;
         case Kind::fixed:
-            require(item, Item::Kind::real);
             out_.took(edit_fixed(out_.room(256), item.real(), step.width, step.digits));
             return;
         case Kind::exponent:
-            require(item, Item::Kind::real);
             out_.took(edit_exponent(out_.room(256), item.real(), step.width, step.digits, scale_));
             return;
         default:
@@ -67,10 +101,6 @@ private:
     }
 
     void revert() {
-        if (program_.reversion() == steps_.size()) {
-            throw std::runtime_error("FORMAT without a descriptor for every item: " +
-                                     program_.format());
-        }
         in_reversion_ = true;
         next_ = program_.reversion();
     }
@@ -97,7 +127,6 @@ private:
     }
 
     void edit_text(const Item& item, int width) {
-        if (item.kind() != Item::Kind::text && item.kind() != Item::Kind::right_text) mismatch();
         std::string_view text = item.text();
         const bool is_right = item.kind() == Item::Kind::right_text;
         if (is_right) text = text.substr(0, text.find('\0')); // the runtime takes it for a C string
@@ -110,16 +139,6 @@ private:
         if (is_right) out_.fill(columns - shown, ' ');
         out_.put(text.substr(0, shown));
         if (!is_right) out_.fill(columns - shown, ' ');
-    }
-
-    void require(const Item& item, Item::Kind kind) const {
-        if (item.kind() != kind) mismatch();
-    }
-
-    // The runtime would lose the width without a word.
-    [[noreturn]] void mismatch() const {
-        throw std::logic_error("an item does not fit its descriptor in FORMAT " +
-                               program_.format());
     }
 
     CharacterSink& out_;
@@ -136,6 +155,7 @@ private:
 
 void edit_items(CharacterSink& out, const FormatProgram& program, std::span<const Item> items,
                 std::string_view line_end) {
+    require_kinds(program, items);
     FormattedWrite write(out, program);
     for (const Item& item : items) {
         write.edit(item);

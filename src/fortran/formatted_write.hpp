@@ -10,8 +10,8 @@
 namespace korvat::fortran {
 
 // Edits the items under the FORMAT into `out`, and ends the record as `line_end` says. Raises
-// std::logic_error for an item whose kind is not the one that its descriptor takes, and for items
-// that the FORMAT has no descriptor for.
+// std::logic_error for an item whose kind is not the one that its descriptor takes, and
+// std::runtime_error for items that the FORMAT has no descriptor for; nothing is written then.
 void edit_items(CharacterSink& out, const FormatProgram& program, std::span<const Item> items,
                 std::string_view line_end);
 

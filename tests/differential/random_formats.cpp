@@ -6,6 +6,7 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 
 namespace korvat::test {
 namespace {
@@ -141,22 +142,15 @@ double random_real(Random& random) {
 
 std::string descriptor_letters(std::string_view format, std::size_t count) {
     const fortran::FormatProgram program(format);
-    const std::vector<FormatStep>& steps = program.steps();
     std::string letters;
-    std::size_t next = 0;
-    std::size_t end = program.reversion();
-    while (letters.size() < count) {
-        if (next == end) {
-            if (program.reversion() == steps.size()) break;
-            next = program.reversion();
-            end = steps.size();
-        }
-        const FormatStep& step = steps[next++];
-        if (step.takes_an_item()) {
+    try {
+        while (letters.size() < count) {
             constexpr std::string_view names = "aife";
-            letters += names[static_cast<std::size_t>(step.kind) -
+            const auto kind = program.step_of_item(letters.size()).kind;
+            letters += names[static_cast<std::size_t>(kind) -
                              static_cast<std::size_t>(FormatStep::Kind::text)];
         }
+    } catch (const std::runtime_error&) { // no descriptor for a further item
     }
     return letters;
 }

@@ -1,6 +1,7 @@
 // Fixed-capacity tables with 1-based indices, zero-filled, as every array of the store is.
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <cstdlib>
@@ -22,6 +23,17 @@ public:
         : values_(static_cast<T*>(std::calloc(count, sizeof(T)))), count_(count) {
         if (!values_) throw std::bad_alloc();
     }
+
+    ZeroedArray(const ZeroedArray& other) : ZeroedArray(other.count_) {
+        std::ranges::copy(other.all(), all().begin());
+    }
+    ZeroedArray& operator=(const ZeroedArray& other) {
+        std::ranges::copy(other.all(), all().begin());
+        return *this;
+    }
+    ZeroedArray(ZeroedArray&&) noexcept = default;
+    ZeroedArray& operator=(ZeroedArray&&) noexcept = default;
+    ~ZeroedArray() = default;
 
     [[nodiscard]] T& operator[](std::size_t i) { return values_.get()[i]; }
     [[nodiscard]] const T& operator[](std::size_t i) const { return values_.get()[i]; }
