@@ -1,16 +1,35 @@
 // Decimal digits of an integer.
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 namespace korvat::fortran {
 
+inline constexpr std::array<std::uint64_t, 20> powers_of_ten = [] {
+    std::array<std::uint64_t, 20> powers{};
+    std::uint64_t power = 1;
+    for (std::uint64_t& entry : powers) {
+        entry = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+// How many decimal digits an integer below 2^63 has; none for 0.
+[[nodiscard]] inline int digits_of(std::uint64_t value) {
+    // 1233 / 4096 is log 2, a little above it: the power of ten tells which of two counts it is.
+    const int guess = (static_cast<int>(std::bit_width(value | 1)) * 1233) >> 12;
+    return guess + (value >= powers_of_ten[static_cast<std::size_t>(guess)] ? 1 : 0);
+}
+
 // Stores the digits of `value` so that they end before `end`, as many as it has but at least
 // `least`, filled up with zeros on the left. Returns where they begin.
 inline char* put_digits_before(char* end, std::uint64_t value, int least) {
-    static constexpr char pairs[] = "0001020304050607080910111213141516171819"
+    constexpr static char pairs[] = "0001020304050607080910111213141516171819"
                                     "2021222324252627282930313233343536373839"
                                     "4041424344454647484950515253545556575859"
                                     "6061626364656667686970717273747576777879"

@@ -17,16 +17,6 @@ __extension__ using uint128 = unsigned __int128;
 
 constexpr std::size_t longest_text = 63; // of the runtime's buffer, its terminator left out
 
-constexpr std::array<std::uint64_t, 20> powers_of_ten = [] {
-    std::array<std::uint64_t, 20> powers{};
-    std::uint64_t power = 1;
-    for (std::uint64_t& entry : powers) {
-        entry = power;
-        power *= 10;
-    }
-    return powers;
-}();
-
 // A real is m 2^e with a whole m below 2^53.
 struct Binary {
     std::uint64_t m;
@@ -42,9 +32,19 @@ Binary binary_of(double value) {
     return {fraction | (fraction_mask + 1), exponent - 1075};
 }
 
+// n 2^-shift, rounded to a whole number, ties to even: a shift, and what it drops decides, compared
+// with one half.
+template <typename Unsigned>
+Unsigned rounded_shift(Unsigned n, int shift) {
+    const Unsigned whole = n >> shift;
+    const Unsigned rest = n - (whole << shift);
+    const Unsigned half = Unsigned{1} << (shift - 1);
+    const bool is_up = rest > half || (rest == half && (whole & 1) != 0);
+    return is_up ? whole + 1 : whole;
+}
+
 // |value| 10^digits, rounded to a whole number: the decimals as one integer. m 10^digits is exact
-// in 128 bits; dividing by the power of two is a shift, and what it drops, compared with one half,
-// decides the rounding. Nothing where a result below 2^63 cannot be had that way.
+// in 128 bits, and mostly in 64. Nothing where a result below 2^63 cannot be had that way.
 std::optional<std::uint64_t> whole_of(double value, int digits) {
     if (digits >= static_cast<int>(powers_of_ten.size())) return std::nullopt;
     constexpr uint128 limit = uint128{1} << 63;
@@ -55,22 +55,30 @@ std::optional<std::uint64_t> whole_of(double value, int digits) {
         return static_cast<std::uint64_t>(n << e);
     }
     const int shift = -e;
+    if (n < limit && shift < 64) return rounded_shift(static_cast<std::uint64_t>(n), shift);
     if (shift >= 120) return 0; // n has at most 117 bits: less than one half is left
-    uint128 whole = n >> shift;
-    const uint128 rest = n - (whole << shift);
-    const uint128 half = uint128{1} << (shift - 1);
-    if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
+    const uint128 whole = rounded_shift(n, shift);
     if (whole >= limit) return std::nullopt;
     return static_cast<std::uint64_t>(whole);
 }
 
-// The decimal without its sign, before `end`; returns where it begins.
-char* put_whole_before(char* end, std::uint64_t whole, int digits) {
-    if (digits == 0) return put_digits_before(end, whole, 1);
-    const std::uint64_t power = powers_of_ten[static_cast<std::size_t>(digits)];
-    char* begin = put_digits_before(end, whole % power, digits);
-    *--begin = '.';
-    return put_digits_before(begin, whole / power, 1);
+// Columns that the decimal takes: its digits, at least one before the point, the point, the sign.
+int columns_of(std::uint64_t whole, int digits, bool is_negative) {
+    const int figures = std::max(digits_of(whole), digits + 1);
+    return figures + (digits > 0 ? 1 : 0) + (is_negative ? 1 : 0);
+}
+
+// Stores the decimal so that it ends before `end`.
+void put_decimal_before(char* end, std::uint64_t whole, int digits, bool is_negative) {
+    if (digits > 0) {
+        for (int i = 0; i < digits; ++i) {
+            *--end = static_cast<char>('0' + whole % 10);
+            whole /= 10;
+        }
+        *--end = '.';
+    }
+    end = put_digits_before(end, whole, 1);
+    if (is_negative) *--end = '-';
 }
 
 std::size_t justified(char* to, std::string_view text, int width) {
@@ -87,7 +95,7 @@ std::size_t asterisks(char* to, int width) {
 
 // The way of values and digits that are too large for the whole number.
 std::size_t edit_large(char* to, double value, int width, int digits) {
-    std::array<char, longest_text> text{};
+    std::array<char, longest_text> text;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
                                    std::chars_format::fixed, digits);
     if (end.ec != std::errc()) return asterisks(to, width);
@@ -106,11 +114,10 @@ std::size_t edit_fixed(char* to, double value, int width, int digits) {
     }
     const auto whole = whole_of(value, digits);
     if (!whole) return edit_large(to, value, width, digits);
-    std::array<char, longest_text + 1> text{};
-    char* const end = text.data() + text.size();
-    char* begin = put_whole_before(end, *whole, digits);
-    if (is_negative) *--begin = '-';
-    return justified(to, {begin, static_cast<std::size_t>(end - begin)}, width);
+    const int columns = std::max(columns_of(*whole, digits, is_negative), width);
+    std::memset(to, ' ', longest_text + 1); // all the room there is, which is quicker than some of it
+    put_decimal_before(to + columns, *whole, digits, is_negative);
+    return static_cast<std::size_t>(columns);
 }
 
 } // namespace korvat::fortran

@@ -1,6 +1,7 @@
 #include "output/record_file.hpp"
 
 #include <bit>
+#include <cstring>
 
 namespace korvat {
 namespace {
@@ -21,19 +22,21 @@ std::string framed(std::string_view record) {
     if (L == 0) return {};
     const std::size_t R = L % segment_length;
     std::size_t to_come = L / segment_length; // full segments, the one being written included
-    std::string out;
-    out.reserve(L + 2 * to_come + 2);
-    out += L <= segment_length ? length_byte(L) : full_segment;
+    std::string out(L + 2 * to_come + 2, '\0');
+    const char* from = record.data();
+    char* to = out.data();
+    *to++ = L <= segment_length ? length_byte(L) : full_segment;
     while (to_come > 0) {
-        out += record.substr(0, segment_length);
-        record.remove_prefix(segment_length);
-        out += full_segment;
+        std::memcpy(to, from, segment_length);
+        from += segment_length;
+        to += segment_length;
+        *to++ = full_segment;
         // The next segment's opening byte: R, also where R is 0 and the segment empty.
-        out += to_come > 1 ? full_segment : length_byte(R);
+        *to++ = to_come > 1 ? full_segment : length_byte(R);
         --to_come;
     }
-    out += record;
-    out += length_byte(R);
+    std::memcpy(to, from, R);
+    to[R] = length_byte(R);
     return out;
 }
 
@@ -53,7 +56,8 @@ int RecordFile::close() {
     return error;
 }
 
-static_assert(std::endian::native == std::endian::little, "values are written as they stand in memory");
+// Values are written as they stand in memory.
+static_assert(std::endian::native == std::endian::little);
 
 RecordBuilder& RecordBuilder::add(int value) {
     static_assert(sizeof value == 4);
