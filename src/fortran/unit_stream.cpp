@@ -38,8 +38,10 @@ bool UnitStream::end_reading() {
 }
 
 // Moves what is left to the front of the buffer and reads as much behind it as there is room for.
-// False when nothing came.
+// False when nothing came. A read that failed in the middle is not tried again before it has been
+// told.
 bool UnitStream::refill() {
+    if (std::ferror(file_) != 0) return false;
     get_buffer();
     const std::size_t left = filled_ - read_;
     std::memmove(buffer_.get(), buffer_.get() + read_, left);
@@ -47,6 +49,13 @@ bool UnitStream::refill() {
     const std::size_t got = std::fread(buffer_.get() + left, 1, buffer_size - left, file_);
     filled_ = left + got;
     return got > 0;
+}
+
+// Whether the reading has failed; the next one tries again.
+bool UnitStream::has_failed() {
+    const bool failed = std::ferror(file_) != 0;
+    if (failed) std::clearerr(file_);
+    return failed;
 }
 
 // The line of `length` characters at the present position; the last one has no line end.
@@ -70,7 +79,7 @@ ReadStatus UnitStream::skip_to_line_end() {
             return ReadStatus::line;
         }
         read_ = filled_;
-        if (!refill()) return std::ferror(file_) != 0 ? ReadStatus::error : ReadStatus::line;
+        if (!refill()) return has_failed() ? ReadStatus::error : ReadStatus::line;
     }
 }
 
@@ -94,10 +103,7 @@ ReadStatus UnitStream::read_line(std::span<char> characters) {
             return skip_to_line_end();
         }
         if (refill()) continue;
-        if (std::ferror(file_) != 0) {
-            std::clearerr(file_); // the next read tries again
-            return ReadStatus::error;
-        }
+        if (has_failed()) return ReadStatus::error;
         if (left == 0) return ReadStatus::end;
         take_line(characters, left, /*is_last*/ true);
         return ReadStatus::line;

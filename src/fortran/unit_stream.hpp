@@ -18,8 +18,10 @@ class UnitStream : public CharacterSink {
 public:
     explicit UnitStream(std::FILE* file) : file_(file) {}
 
-    // Gives up what has been read ahead: the file is about to be put elsewhere.
+    // Gives up what has been read ahead, a failure of it included: the file is about to be put
+    // elsewhere.
     void forget_reading() {
+        if (buffer_ && next_ == nullptr) std::clearerr(file_);
         read_ = 0;
         filled_ = 0;
     }
@@ -44,6 +46,7 @@ private:
     void make_room() override;
     void get_buffer();
     bool refill();
+    bool has_failed();
     void take_line(std::span<char> characters, std::size_t length, bool is_last);
     ReadStatus skip_to_line_end();
 
