@@ -110,8 +110,9 @@ FormatProgram::FormatProgram(std::string_view format) : format_(format) {
     steps_.push_back(step_of(*loop.next_executable_token())); // the line end of the reversion
     walk_to_end();
     list_data_steps();
-    const bool takes_no_further_item = data_steps_.size() == first_pass_items_;
-    if (takes_no_further_item) steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(reversion_), steps_.end());
+    if (data_steps_.size() == first_pass_items_) { // the reversion would take no item
+        steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(reversion_), steps_.end());
+    }
 }
 
 void FormatProgram::list_data_steps() {
@@ -122,13 +123,12 @@ void FormatProgram::list_data_steps() {
     }
 }
 
-const FormatStep& FormatProgram::step_of_item(std::size_t i) const {
-    if (i < first_pass_items_) return steps_[data_steps_[i]];
+std::size_t FormatProgram::place_in_reversion(std::size_t item) const {
     const std::size_t per_pass = data_steps_.size() - first_pass_items_;
     if (per_pass == 0) {
         throw std::runtime_error("FORMAT without a descriptor for every item: " + format_);
     }
-    return steps_[data_steps_[first_pass_items_ + (i - first_pass_items_) % per_pass]];
+    return first_pass_items_ + (item - first_pass_items_) % per_pass;
 }
 
 const FormatProgram& FormatPrograms::of(std::string_view format) {

@@ -49,12 +49,15 @@ public:
 
     // The step that item i (from 0) of a write goes under. Raises std::runtime_error where there is
     // none.
-    [[nodiscard]] const FormatStep& step_of_item(std::size_t i) const;
+    [[nodiscard]] const FormatStep& step_of_item(std::size_t i) const {
+        return steps_[data_steps_[i < first_pass_items_ ? i : place_in_reversion(i)]];
+    }
 
     [[nodiscard]] const std::string& format() const { return format_; }
 
 private:
     void list_data_steps();
+    [[nodiscard]] std::size_t place_in_reversion(std::size_t item) const;
 
     std::string format_;
     std::vector<FormatStep> steps_;

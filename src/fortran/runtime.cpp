@@ -38,6 +38,14 @@ int reason_against_creating(const std::string& name) {
     return 0;
 }
 
+// A unit that is being read or written, and its characters.
+struct Connection {
+    explicit Connection(fem::io_unit& connected) : unit(connected), stream(connected.stream.ptr) {}
+
+    fem::io_unit& unit;
+    UnitStream stream;
+};
+
 // What standard error was given last, and how often in a row.
 struct LastRecord {
     std::string text;
@@ -62,33 +70,60 @@ struct Runtime::State {
         note_fault(unit.file_name.empty() ? "standard output" : unit.file_name, error);
     }
 
+    void check(const Connection& connection) {
+        if (connection.stream.error() != 0) note_fault(connection.unit, connection.stream.error());
+    }
+
     // Writes what the unit's buffer holds; a failure becomes a fault.
-    void empty(const fem::io_unit& unit, UnitStream& stream) {
-        stream.empty();
-        if (stream.error() != 0) note_fault(unit, stream.error());
+    void empty(Connection& connection) {
+        connection.stream.empty();
+        check(connection);
     }
 
     void empty(int unit) {
-        const auto stream = streams.find(unit);
-        if (stream != streams.end()) empty(*common.io.unit_ptr(unit), stream->second);
+        const auto found = connections.find(unit);
+        if (found != connections.end()) empty(found->second);
     }
 
-    // The stream of a connected unit.
-    UnitStream& stream_of(const fem::io_unit& unit) {
-        return streams.try_emplace(unit.number, unit.stream.ptr).first->second;
+    void disconnect(int unit) {
+        last_connection = nullptr;
+        connections.erase(unit);
+    }
+
+    // Connects the unit to a scratch file if it has no file yet.
+    Connection& connected(int unit) {
+        if (last_connection != nullptr && last_connection->unit.number == unit) {
+            return *last_connection;
+        }
+        auto found = connections.find(unit);
+        if (found == connections.end()) found = connections.try_emplace(unit, opened(unit)).first;
+        last_connection = &found->second;
+        return *last_connection;
     }
 
     // The runtime cuts the file at its present position where writing begins.
-    void begin_writing(fem::io_unit& unit, UnitStream& stream) {
+    void begin_writing(Connection& connection) {
+        fem::io_unit& unit = connection.unit;
         written_units.insert(unit.number);
         errno = 0;
         try {
-            if (!stream.end_reading()) throw fem::io_err("Cannot position file : " + unit.file_name);
+            if (!connection.stream.end_reading()) {
+                throw fem::io_err("Cannot position file : " + unit.file_name);
+            }
             common.io.simple_ostream(unit.number);
         } catch (const fem::io_err&) {
             note_fault(unit, errno);
             throw;
         }
+    }
+
+    UnitStream& stream_for_reading(int unit) {
+        Connection& connection = connected(unit);
+        if (connection.unit.prev_op_was_write) {
+            empty(connection);
+            connection.unit.prev_op_was_write = false;
+        }
+        return connection.stream;
     }
 
     // Edits a record for standard error. Nothing where it is the record before it, which is counted.
@@ -116,21 +151,13 @@ struct Runtime::State {
         last_record.count = 0;
     }
 
-    UnitStream& stream_for_reading(fem::io_unit& unit) {
-        UnitStream& stream = stream_of(unit);
-        if (unit.prev_op_was_write) {
-            empty(unit, stream);
-            unit.prev_op_was_write = false;
-        }
-        return stream;
-    }
-
-    fem::io_unit& connected(int unit);
+    fem::io_unit& opened(int unit);
 
     fem::common common;
     FormatPrograms formats;
     LastRecord last_record;
-    std::map<int, UnitStream> streams; // of the units that have been read or written
+    std::map<int, Connection> connections; // of the units that have been read or written
+    Connection* last_connection = nullptr; // most calls go to the unit of the one before
     std::set<int> written_units;
     std::set<int> faulty_units;
     std::vector<WriteFault> write_faults;
@@ -140,8 +167,8 @@ Runtime::Runtime(int argc, const char* const* argv) : state_(std::make_unique<St
 
 Runtime::~Runtime() {
     state_->tell_repetitions();
-    for (auto& [unit, stream] : state_->streams) {
-        stream.empty();
+    for (auto& [unit, connection] : state_->connections) {
+        connection.stream.empty();
     }
     // The runtime takes unit 6 for a terminal and never closes it, whatever file it is on.
     const auto log = state_->common.io.units.find(message_log_unit);
@@ -180,7 +207,7 @@ void Runtime::close_stream(int unit) {
     std::FILE* const file = connected.stream.ptr;
     if (file == nullptr) return;
     state_->empty(unit);
-    state_->streams.erase(unit);
+    state_->disconnect(unit);
     const bool was_written = state_->written_units.erase(unit) != 0;
     errno = 0;
     if (is_standard_stream(file)) {
@@ -216,8 +243,8 @@ const std::vector<WriteFault>& Runtime::write_faults() const {
     return state_->write_faults;
 }
 
-// The unit, connected to a scratch file if it has no file yet.
-fem::io_unit& Runtime::State::connected(int unit) {
+// The unit in the runtime's table, with a scratch file if it has no file yet.
+fem::io_unit& Runtime::State::opened(int unit) {
     fem::io& io = common.io;
     if (fem::io_unit* const known = io.unit_ptr(unit)) return *known;
     const std::string name = scratch_name(unit);
@@ -236,10 +263,9 @@ fem::io_unit& Runtime::State::connected(int unit) {
 }
 
 void Runtime::rewind(int unit) {
-    fem::io_unit& connected = state_->connected(unit);
-    UnitStream& stream = state_->stream_of(connected);
-    state_->empty(connected, stream);
-    stream.forget_reading();
+    Connection& connection = state_->connected(unit);
+    state_->empty(connection);
+    connection.stream.forget_reading();
     state_->common.io.rewind(unit);
 }
 
@@ -250,24 +276,21 @@ void Runtime::write_items(int unit, std::string_view format, std::span<const Ite
         error_record = state_->new_record(program, items);
         if (!error_record) return;
     }
-    fem::io_unit& connected = state_->connected(unit);
-    UnitStream& stream = state_->stream_of(connected);
-    if (!connected.prev_op_was_write) state_->begin_writing(connected, stream);
+    Connection& connection = state_->connected(unit);
+    if (!connection.unit.prev_op_was_write) state_->begin_writing(connection);
     if (error_record) {
-        stream.put(*error_record);
+        connection.stream.put(*error_record);
     } else {
-        edit_items(stream, program, items, "\n");
+        edit_items(connection.stream, program, items, "\n");
     }
     // Whoever watches a run sees each line of the log.
-    if (unit == message_log_unit || unit == standard_error_unit) {
-        state_->empty(connected, stream);
-    } else if (stream.error() != 0) {
-        state_->note_fault(connected, stream.error());
-    }
+    const bool is_written_through = unit == message_log_unit || unit == standard_error_unit;
+    if (is_written_through) connection.stream.empty();
+    state_->check(connection);
 }
 
 ReadStatus Runtime::read_characters(int unit, std::span<char> characters) {
-    return state_->stream_for_reading(state_->connected(unit)).read_line(characters);
+    return state_->stream_for_reading(unit).read_line(characters);
 }
 
 void Runtime::skip_line(int unit) {
