@@ -56,30 +56,22 @@ int RecordFile::close() {
     return error;
 }
 
-// Values are written as they stand in memory.
-static_assert(std::endian::native == std::endian::little);
-
-RecordBuilder& RecordBuilder::add(int value) {
-    static_assert(sizeof value == 4);
-    bytes_.append(reinterpret_cast<const char*>(&value), sizeof value);
-    return *this;
+RecordBuilder::RecordBuilder(const RecordFile& file) : stream_(file.stream_) {
+    constexpr std::size_t usual_size = 4096; // of a pile's longer records
+    grow(usual_size);
 }
 
-RecordBuilder& RecordBuilder::add(double value) {
-    static_assert(sizeof value == 8);
-    bytes_.append(reinterpret_cast<const char*>(&value), sizeof value);
-    return *this;
-}
-
-RecordBuilder& RecordBuilder::add(std::string_view text) {
-    bytes_ += text;
-    return *this;
+void RecordBuilder::grow(std::size_t count) {
+    room_ = 2 * size_ + count;
+    auto larger = std::make_unique_for_overwrite<char[]>(room_);
+    if (size_ > 0) std::memcpy(larger.get(), bytes_.get(), size_);
+    bytes_ = std::move(larger);
 }
 
 void RecordBuilder::write() {
-    if (bytes_.empty()) return;
-    if (stream_) stream_->Write(framed(bytes_));
-    bytes_.clear();
+    if (size_ == 0) return;
+    if (stream_) stream_->Write(framed({bytes_.get(), size_}));
+    size_ = 0;
 }
 
 } // namespace korvat

@@ -3,10 +3,13 @@
 
 #include "output/i_stream_writer.hpp"
 
+#include <bit>
+#include <cstddef>
+#include <cstring>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace korvat {
 
@@ -43,35 +46,45 @@ private:
     std::shared_ptr<IStreamWriter> stream_;
 };
 
-// Collects the items of one record, in order, and writes it once.
+// Collects the items of one record, in order, and writes it once: integers in 4 bytes and reals in 8,
+// both little-endian, and the characters of texts.
 class RecordBuilder {
 public:
-    explicit RecordBuilder(const RecordFile& file) : stream_(file.stream_) {
-        bytes_.reserve(usual_size);
-    }
+    explicit RecordBuilder(const RecordFile& file);
 
-    RecordBuilder& add(int value);    // 4 bytes, little-endian
-    RecordBuilder& add(double value); // 8 bytes, little-endian
-    RecordBuilder& add(std::string_view text);
+    RecordBuilder& add(int value) { return add_bytes(&value, sizeof value); }
+    RecordBuilder& add(double value) { return add_bytes(&value, sizeof value); }
+    RecordBuilder& add(std::string_view text) { return add_bytes(text.data(), text.size()); }
     template <typename T>
     RecordBuilder& add(const T&) = delete;
 
-    template <typename Items>
-    RecordBuilder& add_all(const Items& items) {
-        for (const auto& item : items) {
-            add(item);
-        }
-        return *this;
+    RecordBuilder& add_all(std::span<const int> values) {
+        return add_bytes(values.data(), values.size_bytes());
+    }
+    RecordBuilder& add_all(std::span<const double> values) {
+        return add_bytes(values.data(), values.size_bytes());
     }
 
     // Frames and writes the items and clears their list; without any item nothing is written.
     void write();
 
 private:
-    static constexpr std::size_t usual_size = 4096; // of a pile's longer records
+    // Values are written as they stand in memory.
+    static_assert(std::endian::native == std::endian::little && sizeof(int) == 4 &&
+                  sizeof(double) == 8);
+
+    RecordBuilder& add_bytes(const void* bytes, std::size_t count) {
+        if (room_ - size_ < count) grow(count);
+        std::memcpy(bytes_.get() + size_, bytes, count);
+        size_ += count;
+        return *this;
+    }
+    void grow(std::size_t count);
 
     std::shared_ptr<IStreamWriter> stream_;
-    std::string bytes_; // of the items so far
+    std::unique_ptr<char[]> bytes_; // of the items so far
+    std::size_t size_ = 0;
+    std::size_t room_ = 0;
 };
 
 } // namespace korvat

@@ -64,9 +64,9 @@ NodeValues& values_of_code(Store& cmn, int code) {
 
 // Copies the special records of this pile to its nodes; a later record overwrites an earlier one.
 bool collect_special_values(Store& cmn, int np, int nodes) {
-    std::ranges::fill(cmn.VNOD1.all(), 0.0);
-    std::ranges::fill(cmn.VNOD2.all(), 0.0);
-    std::ranges::fill(cmn.VNOD3.all(), 0.0);
+    for (NodeValues* const values : {&cmn.VNOD1, &cmn.VNOD2, &cmn.VNOD3}) {
+        std::ranges::fill(values->first_columns(nodes), 0.0);
+    }
     for (int r = 1; r <= cmn.NUMSPC; ++r) {
         if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
         const int ND1 = cmn.ISPNOD(3, r);

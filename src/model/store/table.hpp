@@ -94,6 +94,9 @@ public:
     [[nodiscard]] std::span<T> all() { return values_.all(); }
     [[nodiscard]] std::span<const T> all() const { return values_.all(); }
 
+    // The values of columns 1..j.
+    [[nodiscard]] std::span<T> first_columns(int j) { return all().first(offset(M, j) + 1); }
+
     void clear() { values_.clear(); } // all zeros again
 
 private:
