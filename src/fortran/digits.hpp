@@ -1,4 +1,4 @@
-// Decimal digits of an integer.
+// Blanks and decimal digits of a number's field.
 #pragma once
 
 #include <array>
@@ -26,15 +26,22 @@ inline constexpr std::array<std::uint64_t, 20> powers_of_ten = [] {
     return guess + (value >= powers_of_ten[static_cast<std::size_t>(guess)] ? 1 : 0);
 }
 
-// Stores the digits of `value` so that they end before `end`, as many as it has but at least
-// `least`, filled up with zeros on the left. Returns where they begin.
-inline char* put_digits_before(char* end, std::uint64_t value, int least) {
-    constexpr static char pairs[] = "0001020304050607080910111213141516171819"
+// Blanks as far as a field of at most 63 columns reaches: as many as are always stored, which is
+// quicker than to store as many as are needed.
+inline constexpr int most_columns = 63;
+inline void put_blanks(char* to) {
+    static constexpr char blanks[most_columns + 2] =
+        "                                                                ";
+    std::memcpy(to, blanks, most_columns + 1);
+}
+
+// Stores the digits of `value` so that they end before `end`, none for 0. Returns where they begin.
+inline char* put_digits_before(char* end, std::uint64_t value) {
+    static constexpr char pairs[] = "0001020304050607080910111213141516171819"
                                     "2021222324252627282930313233343536373839"
                                     "4041424344454647484950515253545556575859"
                                     "6061626364656667686970717273747576777879"
                                     "8081828384858687888990919293949596979899";
-    char* const last = end - least;
     while (value >= 100) {
         end -= 2;
         std::memcpy(end, pairs + 2 * (value % 100), 2);
@@ -45,9 +52,6 @@ inline char* put_digits_before(char* end, std::uint64_t value, int least) {
         std::memcpy(end, pairs + 2 * value, 2);
     } else if (value > 0) {
         *--end = static_cast<char>('0' + value);
-    }
-    while (end > last) {
-        *--end = '0';
     }
     return end;
 }

@@ -15,7 +15,7 @@ namespace {
 
 __extension__ using uint128 = unsigned __int128;
 
-constexpr std::size_t longest_text = 63; // of the runtime's buffer, its terminator left out
+constexpr std::size_t longest_text = most_columns; // of the runtime's buffer, its terminator left out
 
 // A real is m 2^e with a whole m below 2^53.
 struct Binary {
@@ -77,13 +77,14 @@ void put_decimal_before(char* end, std::uint64_t whole, int digits, bool is_nega
         }
         *--end = '.';
     }
-    end = put_digits_before(end, whole, 1);
+    if (whole == 0) *--end = '0';
+    end = put_digits_before(end, whole);
     if (is_negative) *--end = '-';
 }
 
 std::size_t justified(char* to, std::string_view text, int width) {
     const std::size_t columns = std::max(text.size(), static_cast<std::size_t>(width));
-    std::memset(to, ' ', columns - text.size());
+    put_blanks(to);
     std::memcpy(to + (columns - text.size()), text.data(), text.size());
     return columns;
 }
@@ -115,7 +116,7 @@ std::size_t edit_fixed(char* to, double value, int width, int digits) {
     const auto whole = whole_of(value, digits);
     if (!whole) return edit_large(to, value, width, digits);
     const int columns = std::max(columns_of(*whole, digits, is_negative), width);
-    std::memset(to, ' ', longest_text + 1); // all the room there is, which is quicker than some of it
+    put_blanks(to);
     put_decimal_before(to + columns, *whole, digits, is_negative);
     return static_cast<std::size_t>(columns);
 }

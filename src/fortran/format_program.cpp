@@ -109,22 +109,22 @@ FormatProgram::FormatProgram(std::string_view format) : format_(format) {
     if (steps_.empty()) return;
     steps_.push_back(step_of(*loop.next_executable_token())); // the line end of the reversion
     walk_to_end();
-    list_data_steps();
-    if (data_steps_.size() == first_pass_items_) { // the reversion would take no item
+    list_data_kinds();
+    if (data_kinds_.size() == first_pass_items_) { // the reversion would take no item
         steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(reversion_), steps_.end());
     }
 }
 
-void FormatProgram::list_data_steps() {
+void FormatProgram::list_data_kinds() {
     for (std::size_t i = 0; i < steps_.size(); ++i) {
         if (!steps_[i].takes_an_item()) continue;
-        data_steps_.push_back(i);
+        data_kinds_.push_back(steps_[i].kind);
         if (i < reversion_) ++first_pass_items_;
     }
 }
 
 std::size_t FormatProgram::place_in_reversion(std::size_t item) const {
-    const std::size_t per_pass = data_steps_.size() - first_pass_items_;
+    const std::size_t per_pass = data_kinds_.size() - first_pass_items_;
     if (per_pass == 0) {
         throw std::runtime_error("FORMAT without a descriptor for every item: " + format_);
     }

@@ -47,23 +47,23 @@ public:
     // where they would take no item.
     [[nodiscard]] std::size_t reversion() const { return reversion_; }
 
-    // The step that item i (from 0) of a write goes under. Raises std::runtime_error where there is
-    // none.
-    [[nodiscard]] const FormatStep& step_of_item(std::size_t i) const {
-        return steps_[data_steps_[i < first_pass_items_ ? i : place_in_reversion(i)]];
+    // The kind of step that item i (from 0) of a write goes under. Raises std::runtime_error where
+    // there is none.
+    [[nodiscard]] FormatStep::Kind kind_of_item(std::size_t i) const {
+        return data_kinds_[i < first_pass_items_ ? i : place_in_reversion(i)];
     }
 
     [[nodiscard]] const std::string& format() const { return format_; }
 
 private:
-    void list_data_steps();
+    void list_data_kinds();
     [[nodiscard]] std::size_t place_in_reversion(std::size_t item) const;
 
     std::string format_;
     std::vector<FormatStep> steps_;
     std::size_t reversion_ = 0;
-    std::vector<std::size_t> data_steps_; // those that take an item
-    std::size_t first_pass_items_ = 0;    // as many of them belong to the first pass
+    std::vector<FormatStep::Kind> data_kinds_; // of the steps that take an item
+    std::size_t first_pass_items_ = 0;         // as many of them belong to the first pass
 };
 
 // The FORMATs of a run, each taken apart once.

@@ -42,7 +42,7 @@ char letter_of(Kind descriptor) {
 // The runtime would lose the width of another kind of item without a word.
 void require_kinds(const FormatProgram& program, std::span<const Item> items) {
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const Kind descriptor = program.step_of_item(i).kind;
+        const Kind descriptor = program.kind_of_item(i);
         if (agrees(items[i], descriptor)) continue;
         throw std::logic_error("item " + std::to_string(i + 1) + " does not fit its descriptor '" +
                                std::string(1, letter_of(descriptor)) + "' in FORMAT " +

@@ -20,14 +20,18 @@ public:
         return true;
     }
 
-    std::size_t skip_all_of(std::string_view set) {
-        std::size_t count = 0;
-        while (skip_one_of(set))
-            ++count;
-        return count;
+    void skip_all_of(std::string_view set) {
+        while (skip_one_of(set)) {
+        }
     }
 
-    std::size_t skip_digits() { return skip_all_of("0123456789"); }
+    std::size_t skip_digits() {
+        std::size_t count = 0;
+        while (count < rest_.size() && rest_[count] >= '0' && rest_[count] <= '9')
+            ++count;
+        rest_.remove_prefix(count);
+        return count;
+    }
 
     [[nodiscard]] bool at_end() const { return rest_.empty(); }
 

@@ -6,6 +6,7 @@
 #include "output/plot_file.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace korvat {
@@ -123,10 +124,12 @@ void write_coordinates(const Output& out, int np, int nodes) {
 }
 
 void write_component(const Output& out, const NodeValues& values, int component, int nodes) {
-    RecordBuilder record(out.file);
-    for (int n = 1; n <= nodes; ++n)
-        record.add(values(component, n));
-    record.write();
+    std::array<double, limits::pile_nodes> row;
+    const std::span<double> used(row.data(), static_cast<std::size_t>(nodes));
+    for (int n = 1; n <= nodes; ++n) {
+        used[static_cast<std::size_t>(n - 1)] = values(component, n);
+    }
+    RecordBuilder(out.file).add_all(used).write();
 }
 
 void write_node_values(const Output& out, int nodes) {

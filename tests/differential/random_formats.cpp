@@ -146,7 +146,7 @@ std::string descriptor_letters(std::string_view format, std::size_t count) {
     try {
         while (letters.size() < count) {
             constexpr std::string_view names = "aife";
-            const auto kind = program.step_of_item(letters.size()).kind;
+            const auto kind = program.kind_of_item(letters.size());
             letters += names[static_cast<std::size_t>(kind) -
                              static_cast<std::size_t>(FormatStep::Kind::text)];
         }

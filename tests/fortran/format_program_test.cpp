@@ -74,13 +74,13 @@ TEST(FormatProgram, HasNoReversionThatWouldTakeNoItem) {
     EXPECT_EQ(steps_of("()"), "");
 }
 
-TEST(FormatProgram, KnowsTheStepOfEachItem) {
-    const FormatProgram program("(a,2(i5,f7.3))");
+TEST(FormatProgram, KnowsTheKindOfEachItem) {
+    const FormatProgram program("(a,2(i5,f7.3),e9.2)");
     std::string kinds;
-    for (std::size_t i = 0; i < 9; ++i)
-        kinds += shown(program.step_of_item(i)) + " ";
-    EXPECT_EQ(kinds, "a i5.1 f7.3 i5.1 f7.3 i5.1 f7.3 i5.1 f7.3 ");
-    EXPECT_THROW((void)FormatProgram("(a,2('x'))").step_of_item(1), std::runtime_error);
+    for (std::size_t i = 0; i < 12; ++i)
+        kinds += shown({.kind = program.kind_of_item(i)}).front();
+    EXPECT_EQ(kinds, "aififeififei"); // from the group on again
+    EXPECT_THROW((void)FormatProgram("(a,2('x'))").kind_of_item(1), std::runtime_error);
 }
 
 TEST(FormatProgram, TakesWhatPrintfTakesWhereNumbersAreMissing) {
