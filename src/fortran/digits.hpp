@@ -35,24 +35,26 @@ inline void put_blanks(char* to) {
     std::memcpy(to, blanks, most_columns + 1);
 }
 
-// Stores the digits of `value` so that they end before `end`, none for 0. Returns where they begin.
-inline char* put_digits_before(char* end, std::uint64_t value) {
+// Stores the two digits of a value below 100 so that they end before `end`; returns where they begin.
+inline char* put_pair_before(char* end, std::uint64_t value) {
     static constexpr char pairs[] = "0001020304050607080910111213141516171819"
                                     "2021222324252627282930313233343536373839"
                                     "4041424344454647484950515253545556575859"
                                     "6061626364656667686970717273747576777879"
                                     "8081828384858687888990919293949596979899";
+    end -= 2;
+    std::memcpy(end, pairs + 2 * value, 2);
+    return end;
+}
+
+// Stores the digits of `value` so that they end before `end`, none for 0. Returns where they begin.
+inline char* put_digits_before(char* end, std::uint64_t value) {
     while (value >= 100) {
-        end -= 2;
-        std::memcpy(end, pairs + 2 * (value % 100), 2);
+        end = put_pair_before(end, value % 100);
         value /= 100;
     }
-    if (value >= 10) {
-        end -= 2;
-        std::memcpy(end, pairs + 2 * value, 2);
-    } else if (value > 0) {
-        *--end = static_cast<char>('0' + value);
-    }
+    if (value >= 10) return put_pair_before(end, value);
+    if (value > 0) *--end = static_cast<char>('0' + value);
     return end;
 }
 

@@ -71,7 +71,11 @@ int columns_of(std::uint64_t whole, int digits, bool is_negative) {
 // Stores the decimal so that it ends before `end`.
 void put_decimal_before(char* end, std::uint64_t whole, int digits, bool is_negative) {
     if (digits > 0) {
-        for (int i = 0; i < digits; ++i) {
+        for (int i = digits; i > 1; i -= 2) {
+            end = put_pair_before(end, whole % 100);
+            whole /= 100;
+        }
+        if (digits % 2 != 0) {
             *--end = static_cast<char>('0' + whole % 10);
             whole /= 10;
         }

@@ -59,8 +59,9 @@ bool is_number(std::string_view token) {
 
 } // namespace
 
-std::optional<double> convert_number(const Text<50>& field) {
-    const std::string_view token = trimmed(field.view());
+std::optional<double> convert_number(std::string_view field) {
+    constexpr std::size_t field_width = 50;
+    const std::string_view token = trimmed(field.substr(0, field_width));
     if (!is_number(token)) return std::nullopt;
     fem::utils::simple_istream_from_char_ptr_and_size characters(token.data(), token.size());
     const fem::utils::string_to_double converted(characters);

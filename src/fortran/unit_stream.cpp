@@ -6,29 +6,51 @@ namespace korvat::fortran {
 namespace {
 
 constexpr std::size_t buffer_size = 65536;
+constexpr std::size_t block_size = 4096; // of file systems
+
+bool is_standard_stream(const std::FILE* file) {
+    return file == stdin || file == stdout || file == stderr;
+}
 
 } // namespace
+
+UnitStream::UnitStream(std::FILE* file) : file_(file) {
+    // One buffer is enough.
+    if (!is_standard_stream(file)) std::setvbuf(file, nullptr, _IONBF, 0);
+}
 
 void UnitStream::get_buffer() {
     if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(buffer_size);
 }
 
+// Whole blocks go out, so that none is written twice; what is left moves to the front.
 void UnitStream::make_room() {
-    empty();
-    get_buffer();
-    next_ = buffer_.get();
-    end_ = next_ + buffer_size;
+    if (next_ == nullptr) {
+        get_buffer();
+        next_ = buffer_.get();
+        end_ = next_ + buffer_size;
+        return;
+    }
+    const auto size = static_cast<std::size_t>(next_ - buffer_.get());
+    const std::size_t left = size % block_size;
+    write(size - left);
+    std::memmove(buffer_.get(), buffer_.get() + (size - left), left);
+    next_ = buffer_.get() + left;
 }
 
-bool UnitStream::empty() {
-    if (next_ == nullptr) return true;
-    const auto size = static_cast<std::size_t>(next_ - buffer_.get());
+// Hands the first `count` characters of the buffer to the file; they are gone also where that fails.
+void UnitStream::write(std::size_t count) {
+    errno = 0;
+    const bool succeeded =
+        std::fwrite(buffer_.get(), 1, count, file_) == count && std::fflush(file_) == 0;
+    if (!succeeded && error_ == 0) error_ = errno != 0 ? errno : EIO;
+}
+
+void UnitStream::empty() {
+    if (next_ == nullptr) return;
+    write(static_cast<std::size_t>(next_ - buffer_.get()));
     next_ = nullptr;
     end_ = nullptr;
-    errno = 0;
-    if (std::fwrite(buffer_.get(), 1, size, file_) == size && std::fflush(file_) == 0) return true;
-    if (error_ == 0) error_ = errno != 0 ? errno : EIO;
-    return false;
 }
 
 bool UnitStream::end_reading() {

@@ -16,7 +16,7 @@ enum class ReadStatus { line, end, error };
 // runtime's, which opens, positions and closes it.
 class UnitStream : public CharacterSink {
 public:
-    explicit UnitStream(std::FILE* file) : file_(file) {}
+    explicit UnitStream(std::FILE* file);
 
     // Gives up what has been read ahead, a failure of it included: the file is about to be put
     // elsewhere.
@@ -30,8 +30,8 @@ public:
     // when it cannot be put there.
     bool end_reading();
 
-    // Writes what the buffer holds. False when that failed; it is gone then.
-    bool empty();
+    // Writes what the buffer holds; it is gone also where that fails.
+    void empty();
 
     // The system's error number (errno) of the first write that failed; 0 when none did.
     [[nodiscard]] int error() const { return error_; }
@@ -45,6 +45,7 @@ public:
 private:
     void make_room() override;
     void get_buffer();
+    void write(std::size_t count);
     bool refill();
     bool has_failed();
     void take_line(std::span<char> characters, std::size_t length, bool is_last);

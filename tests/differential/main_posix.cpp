@@ -50,7 +50,7 @@ bool same(const std::optional<double>& a, const std::optional<double>& b) {
 // takes, it takes for the same value.
 bool agree_on_read(Random& random, Counts& counts) {
     const std::string field = random_number_field(random);
-    const auto read = fortran::convert_number(fortran::Text<50>(field));
+    const auto read = fortran::convert_number(field);
     ++counts.fields;
     if (!read) return true;
     ++counts.numbers;
