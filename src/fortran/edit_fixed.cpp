@@ -98,27 +98,29 @@ std::size_t asterisks(char* to, int width) {
     return static_cast<std::size_t>(width);
 }
 
-// The way of values and digits that are too large for the whole number.
-std::size_t edit_large(char* to, double value, int width, int digits) {
+// The way of values and digits that are too large for the whole number. Apart, so that the usual way
+// has no need of the room.
+[[gnu::noinline]] std::size_t edit_large(char* to, double value, int width, int digits) {
     std::array<char, longest_text> text;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
                                    std::chars_format::fixed, digits);
     if (end.ec != std::errc()) return asterisks(to, width);
-    return justified(
-        to, {text.data(), static_cast<std::size_t>(end.ptr - text.data())}, width);
+    return justified(to, {text.data(), static_cast<std::size_t>(end.ptr - text.data())}, width);
+}
+
+[[gnu::noinline]] std::size_t edit_infinity_or_nan(char* to, double value, int width) {
+    const std::string_view name = std::isnan(value) ? "-nan" : "-inf";
+    return justified(to, name.substr(std::signbit(value) ? 0 : 1), width);
 }
 
 } // namespace
 
 std::size_t edit_fixed(char* to, double value, int width, int digits) {
     if (width > static_cast<int>(longest_text)) return asterisks(to, width);
-    const bool is_negative = std::signbit(value);
-    if (!std::isfinite(value)) {
-        const std::string_view name = std::isnan(value) ? "-nan" : "-inf";
-        return justified(to, name.substr(is_negative ? 0 : 1), width);
-    }
+    if (!std::isfinite(value)) return edit_infinity_or_nan(to, value, width);
     const auto whole = whole_of(value, digits);
     if (!whole) return edit_large(to, value, width, digits);
+    const bool is_negative = std::signbit(value);
     const int columns = std::max(columns_of(*whole, digits, is_negative), width);
     put_blanks(to);
     put_decimal_before(to + columns, *whole, digits, is_negative);

@@ -15,10 +15,6 @@ namespace korvat {
 
 using VESKA::TolvanCommonLibrary::IO::IStreamWriter;
 
-// The record's bytes cut into segments of at most 128 bytes, each between its length bytes. An
-// empty record gives nothing.
-[[nodiscard]] std::string framed(std::string_view record);
-
 // A record file: a header byte, records, an end byte. Made on no stream it discards what it is
 // given: a run goes on without an output that could not be opened.
 class RecordFile {
@@ -47,7 +43,8 @@ private:
 };
 
 // Collects the items of one record, in order, and writes it once: integers in 4 bytes and reals in 8,
-// both little-endian, and the characters of texts.
+// both little-endian, and the characters of texts. They are cut into segments of at most 128 bytes,
+// each between its length bytes.
 class RecordBuilder {
 public:
     explicit RecordBuilder(const RecordFile& file);
@@ -65,7 +62,8 @@ public:
         return add_bytes(values.data(), values.size_bytes());
     }
 
-    // Frames and writes the items and clears their list; without any item nothing is written.
+    // Completes the frame, writes the items and clears their list; without any item nothing is
+    // written.
     void write();
 
 private:
@@ -73,18 +71,29 @@ private:
     static_assert(std::endian::native == std::endian::little && sizeof(int) == 4 &&
                   sizeof(double) == 8);
 
+    static constexpr std::size_t segment_length = 128;
+
     RecordBuilder& add_bytes(const void* bytes, std::size_t count) {
-        if (room_ - size_ < count) grow(count);
-        std::memcpy(bytes_.get() + size_, bytes, count);
-        size_ += count;
+        if (count < segment_length - filled_) {
+            std::memcpy(next_, bytes, count);
+            next_ += count;
+            filled_ += count;
+            return *this;
+        }
+        add_across_segments(static_cast<const char*>(bytes), count);
         return *this;
     }
-    void grow(std::size_t count);
+    void add_across_segments(const char* bytes, std::size_t count);
+    void begin_segment();
 
     std::shared_ptr<IStreamWriter> stream_;
-    std::unique_ptr<char[]> bytes_; // of the items so far
-    std::size_t size_ = 0;
+    // The segments so far, each behind its opening byte, the full ones before their closing byte.
+    // There is always room for the rest of the segment begun.
+    std::unique_ptr<char[]> frame_;
     std::size_t room_ = 0;
+    char* next_ = nullptr;   // where the next item goes
+    std::size_t filled_ = 0; // bytes in the segment begun
+    std::size_t full_ = 0;   // segments before it, which are full
 };
 
 } // namespace korvat
