@@ -1,4 +1,3 @@
-// Turns the model as read into discrete piles.
 #include "compute/build.hpp"
 
 #include "compute/discretise.hpp"

@@ -1,9 +1,8 @@
-// The two capacity checks of a tubular section under axial force and bending.
 #include "compute/capacity_check.hpp"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <string_view>
 
 namespace korvat {
 namespace {
@@ -26,86 +25,77 @@ double to_the_fourth(double x) {
     return (x * x) * (x * x);
 }
 
-int input_error(double D, double t, double E, double fy) {
+int input_error(const CheckedTube& given) {
     int error = 0;
-    if (D < small) error = check_error::diameter;
-    if (t < small) error = check_error::wall;
-    if (E < small) error = check_error::elastic_modulus;
-    if (fy < small) error = check_error::yield_stress;
+    if (given.D < small) error = check_error::diameter;
+    if (given.t < small) error = check_error::wall;
+    if (given.E < small) error = check_error::elastic_modulus;
+    if (given.fy < small) error = check_error::yield_stress;
     return error;
 }
-
-// Section values that both checks work with.
-struct Tube {
-    double A = 0.0;   // area
-    double W = 0.0;   // elastic section modulus
-    double f = 0.0;   // plastic over elastic modulus
-    double t = 0.0;   // wall, modified where a bending stiffness is given
-    double r = 0.0;   // yield stress over elastic buckling stress
-    double fxe = 0.0; // elastic buckling stress
-    double Fb = 0.0;  // bending strength
-};
 
 double shape_factor(double D, double t, double W) {
     return (cubed(D) - cubed(D - 2.0 * t)) / 6.0 / W;
 }
 
-// The wall that gives the stated bending stiffness. False when there is none.
-bool modify_wall(Tube& tube, double D, double EI, double E, int& error) {
-    const double I = EI / E;
-    tube.W = 2.0 * I / D;
-    const double b = to_the_fourth(D) - 64.0 * I / circle_constant();
-    if (b < 0.0) {
-        error = check_error::bending_stiffness;
-        return false;
-    }
-    const double modified = (D - std::pow(b, 0.25)) / 2.0;
-    if (modified < small) error = check_error::thin_modified_wall;
-    if (modified > D / 2.0) error = check_error::thick_modified_wall;
-    if (error != 0) return false;
-    tube.f = shape_factor(D, modified, tube.W);
-    tube.t = modified;
-    return true;
-}
-
-double bending_strength(const Tube& tube, double D, double E, double fy) {
-    constexpr double first_limit = 0.0517F;
-    constexpr double second_limit = 0.1034F;
-    const double slenderness = fy * D / (E * tube.t);
-    if (slenderness < first_limit) return fy * tube.f;
-    if (slenderness < second_limit) {
-        return fy * (double{1.13F} - double{2.58F} * fy * D / (E * tube.t)) * tube.f;
-    }
-    return fy * (double{0.94F} - double{0.76F} * fy * D / (E * tube.t)) * tube.f;
-}
-
-// What a check works with, and the FORMAT of its warning.
+// The section values that both checks work with.
 struct Section {
-    double D, t, EA, EI, E, fy;
-    std::string_view ratio_warning;
+    double D;
+    double t; // wall, modified where a bending stiffness is given
+    double E;
+    double fy;
+    double A; // area
+    double W; // elastic section modulus
+    double f; // plastic over elastic modulus
+
+    // Elastic buckling stress, and the yield stress over it.
+    [[nodiscard]] double fxe() const { return double{0.6F} * E * t / D; }
+    [[nodiscard]] double r() const { return fy / fxe(); }
 };
 
-// The section values, or nothing when U and the error are final.
-std::optional<Tube> section_values(Store& cmn, const Section& section, double& U, int& error) {
-    const auto& [D, t, EA, EI, E, fy, ratio_warning] = section;
-    const double d = D - 2.0 * t;
-    error = input_error(D, t, E, fy);
-    Tube tube;
-    tube.t = t;
-    tube.A = EA > small ? EA / E : (D * D - d * d) * circle_constant() / 4.0;
-    tube.W = (to_the_fourth(D) - to_the_fourth(d)) * circle_constant() / D / 32.0;
-    tube.f = shape_factor(D, t, tube.W);
-    if (EI >= small && !modify_wall(tube, D, EI, E, error)) return std::nullopt;
-    const double ratio = D / tube.t;
-    if (ratio > highest_ratio) {
-        cmn.runtime.write(0, ratio_warning, D, t, tube.t, ratio);
-        U = beyond_ratio;
-        return std::nullopt;
+Section section_of(const CheckedTube& given) {
+    const double D = given.D;
+    const double d = D - 2.0 * given.t;
+    const double A =
+        given.EA > small ? given.EA / given.E : (D * D - d * d) * circle_constant() / 4.0;
+    const double W = (to_the_fourth(D) - to_the_fourth(d)) * circle_constant() / D / 32.0;
+    return {.D = D,
+            .t = given.t,
+            .E = given.E,
+            .fy = given.fy,
+            .A = A,
+            .W = W,
+            .f = shape_factor(D, given.t, W)};
+}
+
+// Gives the section the wall that has the stated bending stiffness. Returns the error of that wall.
+int modify_wall(Section& section, double EI) {
+    const double D = section.D;
+    const double I = EI / section.E;
+    section.W = 2.0 * I / D;
+    const double b = to_the_fourth(D) - 64.0 * I / circle_constant();
+    if (b < 0.0) return check_error::bending_stiffness;
+    section.t = (D - std::pow(b, 0.25)) / 2.0;
+    if (section.t > D / 2.0) return check_error::thick_modified_wall;
+    if (section.t < small) return check_error::thin_modified_wall;
+    section.f = shape_factor(D, section.t, section.W);
+    return 0;
+}
+
+double bending_strength(const Section& section) {
+    constexpr double first_limit = 0.0517F;
+    constexpr double second_limit = 0.1034F;
+    const double D = section.D;
+    const double t = section.t;
+    const double E = section.E;
+    const double fy = section.fy;
+    const double f = section.f;
+    const double slenderness = fy * D / (E * t);
+    if (slenderness < first_limit) return fy * f;
+    if (slenderness < second_limit) {
+        return fy * (double{1.13F} - double{2.58F} * fy * D / (E * t)) * f;
     }
-    tube.fxe = double{0.6F} * E * tube.t / D;
-    tube.r = fy / tube.fxe;
-    tube.Fb = bending_strength(tube, D, E, fy);
-    return tube;
+    return fy * (double{0.94F} - double{0.76F} * fy * D / (E * t)) * f;
 }
 
 double resultant_moment(const SectionForces& forces) {
@@ -116,8 +106,17 @@ double resultant_moment(const SectionForces& forces) {
 
 constexpr double yields_below = 0.17F; // r below which the axial strength is the yield stress
 
-double buckling_strength(const Tube& tube, double fy) {
-    return (double{1.047F} - double{0.274F} * tube.r) * fy;
+double buckling_strength(const Section& section) {
+    return (double{1.047F} - double{0.274F} * section.r()) * section.fy;
+}
+
+double isochk_utilisation(const Section& section, double N, double M) {
+    const double sigb = M / section.W;
+    const double siga = N / section.A;
+    double Fc = section.r() < yields_below ? section.fy : buckling_strength(section);
+    if (N < 0.0) Fc = -section.fy;
+    // The factor of compression holds for tension too.
+    return double{1.05F} * sigb / bending_strength(section) + double{1.18F} * siga / Fc;
 }
 
 double material_factor(double lambda) {
@@ -126,60 +125,65 @@ double material_factor(double lambda) {
     return double{1.45F};
 }
 
-} // namespace
-
-void isochk(Store& cmn, double D, double t, double EA, double EI, double E, double fy,
-            const SectionForces& forces, double& U, int& error) {
-    const Section section{
-        D,
-        t,
-        EA,
-        EI,
-        E,
-        fy,
-        "(/,' **** SR/ISOCHK : DIAM,WALL,WALMOD,RAT=',4f10.4,/,' The diameter (DIAM) to wall thickness (WALMOD) ratio is',' higher than 120')"};
-    const auto tube = section_values(cmn, section, U, error);
-    if (!tube) return;
-    const double N = forces[axial_force];
-    const double sigb = resultant_moment(forces) / tube->W;
-    const double siga = N / tube->A;
-    double Fc = tube->r < yields_below ? fy : buckling_strength(*tube, fy);
-    if (N < 0.0) Fc = -fy;
-    // The factor of compression holds for tension too.
-    U = double{1.05F} * sigb / tube->Fb + double{1.18F} * siga / Fc;
+double norchk_utilisation(const Section& section, double N, double M) {
+    constexpr double buckles_elastically_from = 1.911F;
+    const double fy = section.fy;
+    const double r = section.r();
+    const double sigb = M / section.W;
+    const double siga = N / section.A;
+    double Fc = section.fxe();
+    if (r < buckles_elastically_from) Fc = buckling_strength(section);
+    if (r < yields_below) Fc = fy;
+    if (N < 0.0) Fc = fy;
+    const double lambda = std::fabs(sigb + siga) * std::sqrt(r) / Fc;
+    const double gamma = material_factor(lambda);
+    const double Nc = Fc * section.A / gamma;
+    const double n = std::fabs(N) / Nc;
+    const double m = M / (bending_strength(section) * section.W / gamma);
+    if (N < 0.0) {
+        return std::max(std::pow(n, double{1.75F}) + m, std::fabs(N) / (section.A * fy / gamma));
+    }
+    return std::max(n + m, N / (section.A * fy / gamma));
 }
 
-void norchk(Store& cmn, double D, double t, double EA, double EI, double E, double fy,
-            const SectionForces& forces, double& U, int& error) {
-    const Section section{
-        D,
-        t,
-        EA,
-        EI,
-        E,
-        fy,
-        "(/,' **** SR/NORCHK : DIAM,WALL,WALMOD,RAT=',4f10.4,/,' The diameter (DIAM) to wall thickness (WALMOD) ratio is',' higher than 120')"};
-    const auto tube = section_values(cmn, section, U, error);
-    if (!tube) return;
-    constexpr double buckles_elastically_from = 1.911F;
-    const double N = forces[axial_force];
-    const double M = resultant_moment(forces);
-    const double sigb = M / tube->W;
-    const double siga = N / tube->A;
-    double Fc = tube->fxe;
-    if (tube->r < buckles_elastically_from) Fc = buckling_strength(*tube, fy);
-    if (tube->r < yields_below) Fc = fy;
-    if (N < 0.0) Fc = fy;
-    const double lambda = std::fabs(sigb + siga) * std::sqrt(tube->r) / Fc;
-    const double gamma = material_factor(lambda);
-    const double Nc = Fc * tube->A / gamma;
-    const double n = std::fabs(N) / Nc;
-    const double m = M / (tube->Fb * tube->W / gamma);
-    if (N < 0.0) {
-        U = std::max(std::pow(n, double{1.75F}) + m, std::fabs(N) / (tube->A * fy / gamma));
-    } else {
-        U = std::max(n + m, N / (tube->A * fy / gamma));
+// What the two checks differ in.
+struct Check {
+    double (*utilisation)(const Section& section, double N, double M);
+    std::string_view ratio_warning;
+};
+
+Utilisation checked(Store& cmn, const CheckedTube& given, const SectionForces& forces,
+                    const Check& check) {
+    Utilisation result{.error = input_error(given)};
+    Section section = section_of(given);
+    if (given.EI >= small) {
+        if (const int error = modify_wall(section, given.EI); error != 0) result.error = error;
+        if (result.error != 0) return result;
     }
+    const double ratio = section.D / section.t;
+    if (ratio > highest_ratio) {
+        cmn.runtime.write(0, check.ratio_warning, given.D, given.t, section.t, ratio);
+        result.U = beyond_ratio;
+    } else {
+        result.U = check.utilisation(section, forces[axial_force], resultant_moment(forces));
+    }
+    return result;
+}
+
+} // namespace
+
+Utilisation isochk(Store& cmn, const CheckedTube& tube, const SectionForces& forces) {
+    return checked(
+        cmn, tube, forces,
+        {isochk_utilisation,
+         "(/,' **** SR/ISOCHK : DIAM,WALL,WALMOD,RAT=',4f10.4,/,' The diameter (DIAM) to wall thickness (WALMOD) ratio is',' higher than 120')"});
+}
+
+Utilisation norchk(Store& cmn, const CheckedTube& tube, const SectionForces& forces) {
+    return checked(
+        cmn, tube, forces,
+        {norchk_utilisation,
+         "(/,' **** SR/NORCHK : DIAM,WALL,WALMOD,RAT=',4f10.4,/,' The diameter (DIAM) to wall thickness (WALMOD) ratio is',' higher than 120')"});
 }
 
 } // namespace korvat

@@ -26,12 +26,23 @@ inline constexpr int thin_modified_wall = 7;
 inline constexpr int thick_modified_wall = 8;
 } // namespace check_error
 
-// Utilisation U of a tube: 1 at its capacity. D, t in L, EA in F, EI in F L2 (0: from D and t),
-// E and fy in F/L2. `error` receives 0 or a check_error; the computation goes on where it can. A
-// diameter of more than 120 walls gives U = 9.999 and a warning on unit 0.
-void norchk(Store& cmn, double D, double t, double EA, double EI, double E, double fy,
-            const SectionForces& forces, double& U, int& error);
-void isochk(Store& cmn, double D, double t, double EA, double EI, double E, double fy,
-            const SectionForces& forces, double& U, int& error);
+// A tube to be checked.
+struct CheckedTube {
+    double D = 0.0;  // outer diameter, L
+    double t = 0.0;  // wall, L
+    double EA = 0.0; // axial stiffness, F; 0: from D and t
+    double EI = 0.0; // bending stiffness, F L2; 0: from D and t
+    double E = 0.0;  // elastic modulus, F/L2
+    double fy = 0.0; // yield stress, F/L2
+};
+
+struct Utilisation {
+    double U = 0.0; // 1 at the capacity
+    int error = 0;  // a check_error; with some of them there is a U all the same
+};
+
+// A diameter of more than 120 walls gives U = 9.999 and a warning on unit 0.
+[[nodiscard]] Utilisation norchk(Store& cmn, const CheckedTube& tube, const SectionForces& forces);
+[[nodiscard]] Utilisation isochk(Store& cmn, const CheckedTube& tube, const SectionForces& forces);
 
 } // namespace korvat

@@ -1,4 +1,3 @@
-// Nodes and elements of every pile.
 #include "compute/discretise.hpp"
 
 #include "model/store/integer.hpp"

@@ -1,4 +1,3 @@
-// Property records of the cross sections, plain and composite.
 #include "compute/section_properties.hpp"
 
 #include "model/store/slots.hpp"

@@ -1,4 +1,3 @@
-// Yield curves of a tubular cross section.
 #include "compute/yldsrf.hpp"
 
 #include "compute/capacity_check.hpp"
@@ -9,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 namespace korvat {
 namespace {
@@ -24,13 +24,29 @@ constexpr int code_of_norchk = -1;
 
 using Curve = std::array<double, points>;
 
-// The section as the checks and curves need it.
+// A check and the FORMAT of its error.
+struct Check {
+    Utilisation (*run)(Store& cmn, const CheckedTube& tube, const SectionForces& forces);
+    std::string_view error;
+};
+
+Check check_of_code(int code) {
+    if (code == code_of_norchk) {
+        return {norchk, "(/,' **** SR/YLDSRF : Error from SR/NORCHK IERR=',i5)"};
+    }
+    return {isochk, "(/,' **** SR/YLDSRF : Error from SR/ISOCHK IERR=',i5)"};
+}
+
+// The section as its check and the curves need it.
 struct Tube {
     Store& cmn;
     int section;
-    double D, t, sigy, E;
+    Check check;
+    CheckedTube given;
     double A = 0.0;
     double W = 0.0;
+
+    [[nodiscard]] double sigy() const { return given.fy; }
 };
 
 [[noreturn]] void stop_run(Store& cmn) {
@@ -48,12 +64,13 @@ struct Tube {
 Tube tube_of(Store& cmn, int i) {
     Tube tube{.cmn = cmn,
               .section = i,
-              .D = cmn.CRSVAL(slot::diameter, i),
-              .t = cmn.CRSVAL(slot::wall, i),
-              .sigy = cmn.CRSVAL(slot::yield_stress, i),
-              .E = cmn.CRSVAL(slot::elastic_modulus, i)};
-    const double D = tube.D;
-    const double d = D - 2.0 * tube.t;
+              .check = check_of_code(cmn.NLCRS(i)),
+              .given = {.D = cmn.CRSVAL(slot::diameter, i),
+                        .t = cmn.CRSVAL(slot::wall, i),
+                        .E = cmn.CRSVAL(slot::elastic_modulus, i),
+                        .fy = cmn.CRSVAL(slot::yield_stress, i)}};
+    const double D = tube.given.D;
+    const double d = D - 2.0 * tube.given.t;
     tube.A = (D * D - d * d) * cmn.PI * 0.25;
     tube.W = ((D * D) * (D * D) - (d * d) * (d * d)) * cmn.PI / D * 0.03125;
     return tube;
@@ -62,23 +79,13 @@ Tube tube_of(Store& cmn, int i) {
 // Utilisation under an axial force N, positive in compression, and a moment M.
 double utilisation(const Tube& tube, double N, double M) {
     Store& cmn = tube.cmn;
-    const DeckPlace& place = cmn.report.places.NLCRS(tube.section);
     SectionForces forces{};
     forces[axial_force] = N;
     forces[bending_2] = M;
-    double U = 0.0;
-    int error = 0;
-    if (cmn.NLCRS(tube.section) == code_of_norchk) {
-        norchk(cmn, tube.D, tube.t, 0.0, 0.0, tube.E, tube.sigy, forces, U, error);
-        if (error == 0) return U;
-        report_error(cmn, cmn.NF6, place, "(/,' **** SR/YLDSRF : Error from SR/NORCHK IERR=',i5)",
-                     error);
-    } else {
-        isochk(cmn, tube.D, tube.t, 0.0, 0.0, tube.E, tube.sigy, forces, U, error);
-        if (error == 0) return U;
-        report_error(cmn, cmn.NF6, place, "(/,' **** SR/YLDSRF : Error from SR/ISOCHK IERR=',i5)",
-                     error);
-    }
+    const Utilisation checked = tube.check.run(cmn, tube.given, forces);
+    if (checked.error == 0) return checked.U;
+    report_error(cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section), tube.check.error,
+                 checked.error);
     stop_run(cmn);
 }
 
@@ -99,7 +106,7 @@ double axial_capacity(const Tube& tube, double Ny) {
 
 // The moment at which the utilisation is 1 under an axial force N.
 double plastic_moment(const Tube& tube, double N) {
-    double M = tube.sigy * 0.5 * tube.W;
+    double M = tube.sigy() * 0.5 * tube.W;
     for (int i = 0; i < most_iterations; ++i) {
         const double U = utilisation(tube, N, M);
         if (is_at_capacity(U)) return M;
@@ -146,14 +153,14 @@ Curve elastic_moments(const Tube& tube, const Curve& levels, const Curve& plasti
     Curve moments{};
     for (std::size_t k = 1; k + 1 < levels.size(); ++k) {
         const double siga = std::fabs(levels[k]) / tube.A;
-        if (tube.sigy - siga < 0.0) {
+        if (tube.sigy() - siga < 0.0) {
             report_error(
                 cmn, cmn.NF6, cmn.report.places.NLCRS(tube.section),
                 "(/,' **** SR/YLDSRF : Negative bending stress',/,' N,FAXL(N),SIGA,SIGY=',i5,3f10.3)",
-                static_cast<int>(k) + 1, levels[k], siga, tube.sigy);
+                static_cast<int>(k) + 1, levels[k], siga, tube.sigy());
             stop_run(cmn);
         }
-        moments[k] = std::min(plastic[k], (tube.sigy - siga) * tube.W);
+        moments[k] = std::min(plastic[k], (tube.sigy() - siga) * tube.W);
     }
     return moments;
 }
@@ -162,7 +169,7 @@ Curve elastic_moments(const Tube& tube, const Curve& levels, const Curve& plasti
 
 void yldsrf(Store& cmn, int section) {
     const Tube tube = tube_of(cmn, section);
-    const double Ny = -tube.A * tube.sigy; // tension yield
+    const double Ny = -tube.A * tube.sigy(); // tension yield
     const Curve levels = axial_levels(axial_capacity(tube, Ny), Ny);
     const Curve plastic = plastic_moments(tube, levels);
     const Curve elastic = elastic_moments(tube, levels, plastic);

@@ -1,4 +1,3 @@
-// Which edit descriptor of a FORMAT each item of a write goes under.
 #include "fortran/edit_descriptors.hpp"
 
 #include "fortran/fem_runtime.hpp"

@@ -1,4 +1,3 @@
-// Internal writes: items edited into a text instead of a record.
 #include "fortran/internal_write.hpp"
 
 #include "fortran/write_items.hpp"

@@ -1,4 +1,3 @@
-// One formatted record, read character by character from a unit of the runtime.
 #include "fortran/line_reader.hpp"
 
 namespace korvat::fortran {

@@ -1,4 +1,3 @@
-// List-directed reads: numbers out of lines of text, each line fetched only when it is needed.
 #include "fortran/list_directed.hpp"
 
 #include "fortran/write_items.hpp"

@@ -1,4 +1,3 @@
-// Internal reads: numbers out of fixed-length texts, as the runtime converts them.
 #include "fortran/number.hpp"
 
 #include "fortran/write_items.hpp"

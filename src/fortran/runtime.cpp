@@ -1,4 +1,3 @@
-// Units and records: the door to the Fortran-emulation runtime's open, close, rewind, read, write.
 #include "fortran/runtime.hpp"
 
 #include "fortran/edit_descriptors.hpp"

@@ -1,4 +1,3 @@
-// Items of a formatted write on their way into the runtime.
 #include "fortran/write_items.hpp"
 
 #include <cmath>

@@ -1,4 +1,3 @@
-// Prints the whole input file with line numbers between two column rulers.
 #include "input/echo.hpp"
 
 #include <string>

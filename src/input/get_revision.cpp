@@ -1,4 +1,3 @@
-// Finds the revision of the input's layout from a version line near its top.
 #include "input/get_revision.hpp"
 
 #include "fortran/number.hpp"

@@ -1,4 +1,3 @@
-// The temporary copy of the input without its comment lines.
 #include "input/input_copy.hpp"
 
 #include <stdexcept>

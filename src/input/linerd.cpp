@@ -1,4 +1,3 @@
-// Shows the last lines read from the temporary input copy after a fault.
 #include "input/linerd.hpp"
 
 namespace korvat {
@@ -7,28 +6,28 @@ namespace {
 constexpr int most_lines_shown = 12;
 constexpr std::size_t shown_width = 70;
 
-void write_heading(Store& cmn, int IOUT, int KIND) {
-    switch (KIND) {
-    case cause::format_error:
+void write_heading(Store& cmn, int IOUT, Cause KIND) {
+    switch (KIND.code()) {
+    case Cause::format_error:
         cmn.runtime.write(IOUT, "(' Error occurred while reading the bottom line :',/,' ')");
         return;
-    case cause::end_of_file:
+    case Cause::end_of_file:
         cmn.runtime.write(IOUT, "(' An end-of-file was encountered at the bottom line :',/,' ')");
         return;
-    case cause::record_fault:
+    case Cause::record_fault:
         cmn.runtime.write(IOUT, "(' The error was detected by SR/LINERD :',/,' ')");
         return;
-    case cause::bad_value:
+    case Cause::bad_value:
         cmn.runtime.write(IOUT, "(' Non-accepted value(s) exist in the input :',/,' ')");
         return;
-    default:
+    case Cause::none:
         return;
     }
 }
 
 } // namespace
 
-void linerd(Store& cmn, int NFR, int IOUT, int NLINE, int KIND) {
+void linerd(Store& cmn, int NFR, int IOUT, int NLINE, Cause KIND) {
     cmn.runtime.rewind(NFR);
     const int skipped = NLINE > most_lines_shown ? NLINE - most_lines_shown : 0;
     for (int i = 0; i < skipped; ++i) {

@@ -1,4 +1,3 @@
-// Free-format record reader: one logical record of numbers, continued over lines by its count.
 #include "input/read.hpp"
 
 #include "model/store/integer.hpp"
@@ -20,11 +19,16 @@ constexpr int physical_width = 80;
 struct Record {
     Store& cmn;
     int LOC;
+    int INUNIT;
     int IOUNIT;
     Line& LINE;
+    int& NVAR;
+    int count_place;        // of the number that tells how many follow; 0: there is none
     std::string line_above; // up to its last non-blank character, at least one
+    int IS = 1;             // column of LINE at which the next physical line begins
     int NPHYS = 0;
-    int NTOT = 0; // numbers found so far
+    int NTOT = 0;  // numbers found so far
+    int found = 0; // numbers of the last physical line
     RecordLines lines{};
 
     [[nodiscard]] LineColumns& line(int j) { return lines.at(static_cast<std::size_t>(j)); }
@@ -85,18 +89,18 @@ void report_nothing_found(const Record& record) {
 }
 
 // `culprit` is the number of the record that is none, or one too many.
-void report_wrong_count(const Record& record, int NVAR, int culprit) {
+void report_wrong_count(const Record& record, int culprit) {
     report(
         record, place_of_number(record.lines, record.LINE, record.cmn.NLINE, culprit),
         "(/,' **** SR/READ : NUMBER OF VARIABLES WHICH SHOULD BE ON ','LINE:',i5,',',/,'                WAS NOT EQUAL TO NUMBER OF INPUT ','VARIABLES FOUND:',i5,',',/,'                AT LOCATION = ',i5)",
-        NVAR, record.NTOT, record.LOC);
+        record.NVAR, record.NTOT, record.LOC);
 }
 
 // Fetches the next physical line into LINE from column IS on. What finds no room is lost on the left,
 // as under the A edit of a text that is shorter than its field.
-bool fetch_line(Record& record, int INUNIT, int IS) {
+bool fetch_line(Record& record) {
     fortran::Text<physical_width> line;
-    const ReadStatus status = record.cmn.runtime.read_line(INUNIT, line);
+    const ReadStatus status = record.cmn.runtime.read_line(record.INUNIT, line);
     if (status == ReadStatus::end) {
         report(record, whole_line(record, 1), "(/,' **** SR/READ : END-OF-FILE AT LOCATION = ',i5)",
                record.LOC);
@@ -107,6 +111,7 @@ bool fetch_line(Record& record, int INUNIT, int IS) {
                record.LOC);
         return false;
     }
+    const int IS = record.IS;
     const int unseen = std::max(IS + physical_width - 1 - limits::line_length, 0);
     record.LINE.assign_from(static_cast<std::size_t>(IS),
                             line.view().substr(static_cast<std::size_t>(unseen)), physical_width);
@@ -116,55 +121,70 @@ bool fetch_line(Record& record, int INUNIT, int IS) {
     return true;
 }
 
-// Reads lines until the count is reached. Returns true on success; a fault has been reported.
-bool read_lines(Record& record, int& NVAR, int INUNIT, Values& VAR) {
-    const int count_place = NVAR < 0 ? -NVAR : 0; // NCNT: the number that tells how many follow
-    int IS = 1;
-    while (true) {
-        if (!fetch_line(record, INUNIT, IS)) return false;
-        const bool is_first = record.NPHYS == 1;
-        const int IE = record.line(record.NPHYS - 1).last;
+// Takes the numbers of the line just fetched. False when one of them cannot be converted.
+bool take_numbers(Record& record, Values& VAR) {
+    const bool is_first = record.NPHYS == 1;
+    int found = is_first && record.NVAR >= 1 ? record.NVAR : 0;
+    int conversion = 0;
+    getnum(record.LINE.view().substr(static_cast<std::size_t>(record.IS - 1)), record.NTOT + 1, VAR,
+           found, conversion);
+    if (record.count_place != 0 && is_first) {
+        record.NVAR = saturated_sum(nearest_integer(VAR(record.count_place)), record.count_place);
+    }
+    record.NTOT += found;
+    record.found = found;
+    return conversion == 0;
+}
 
-        int found = is_first && NVAR >= 1 ? NVAR : 0;
-        int conversion = 0;
-        getnum(record.LINE.view().substr(static_cast<std::size_t>(IS - 1)), record.NTOT + 1, VAR,
-               found, conversion);
-        if (count_place != 0 && is_first) {
-            NVAR = saturated_sum(nearest_integer(VAR(count_place)), count_place);
-        }
-        IS = IE + 2;
-        record.NTOT += found;
-        if (conversion != 0) {
-            report_wrong_count(record, NVAR, record.NTOT + 1);
-            return false;
-        }
-        if (found == 0) {
-            report_nothing_found(record);
-            return false;
-        }
-        if (IS > limits::line_length) {
-            report(
-                record, whole_line(record),
-                "(/,' **** SR/READ : LENGTH OF ONE LOGICAL INPUT LINE ','LONGER THAN:',i5,' CHARACTERS.',/,'                AT LOCATION = ',i5)",
-                IE, record.LOC);
-            return false;
-        }
-        if (record.NTOT < NVAR) continue;
-        if (NVAR == 0) NVAR = record.NTOT;
-        if (NVAR == record.NTOT) return true;
-        // A count that is below its own place is itself at fault, not the number behind it.
-        report_wrong_count(record, NVAR, std::max(NVAR + 1, count_place));
+// Reads one more physical line. False after a fault, which has been reported.
+bool read_physical_line(Record& record, Values& VAR) {
+    if (!fetch_line(record)) return false;
+    const int IE = record.line(record.NPHYS - 1).last;
+    if (!take_numbers(record, VAR)) {
+        report_wrong_count(record, record.NTOT + 1);
         return false;
     }
+    if (record.found == 0) {
+        report_nothing_found(record);
+        return false;
+    }
+    record.IS = IE + 2;
+    if (record.IS > limits::line_length) {
+        report(
+            record, whole_line(record),
+            "(/,' **** SR/READ : LENGTH OF ONE LOGICAL INPUT LINE ','LONGER THAN:',i5,' CHARACTERS.',/,'                AT LOCATION = ',i5)",
+            IE, record.LOC);
+        return false;
+    }
+    return true;
+}
+
+// Reads lines until the count is reached. False after a fault, which has been reported.
+bool read_lines(Record& record, Values& VAR) {
+    do {
+        if (!read_physical_line(record, VAR)) return false;
+    } while (record.NTOT < record.NVAR);
+    if (record.NVAR == 0) record.NVAR = record.NTOT;
+    if (record.NVAR == record.NTOT) return true;
+    // A count that is below its own place is itself at fault, not the number behind it.
+    report_wrong_count(record, std::max(record.NVAR + 1, record.count_place));
+    return false;
 }
 
 } // namespace
 
 void read(Store& cmn, int& NVAR, int LOC, int INUNIT, int IOUNIT, int& NPHYS, Line& LINE,
           Values& VAR, int& IERR) {
-    Record record{cmn, LOC, IOUNIT, LINE, shown_line_above(LINE)};
+    Record record{.cmn = cmn,
+                  .LOC = LOC,
+                  .INUNIT = INUNIT,
+                  .IOUNIT = IOUNIT,
+                  .LINE = LINE,
+                  .NVAR = NVAR,
+                  .count_place = NVAR < 0 ? -NVAR : 0,
+                  .line_above = shown_line_above(LINE)};
     LINE.fill_blank();
-    const bool succeeded = read_lines(record, NVAR, INUNIT, VAR);
+    const bool succeeded = read_lines(record, VAR);
     cmn.report.record_lines = record.lines;
     NPHYS = record.NPHYS;
     IERR = succeeded ? 0 : 1;

@@ -1,6 +1,6 @@
-// Reads the load vectors and writes the load file LOAD.09.
 #include "output/loads.hpp"
 
+#include "input/linerd.hpp"
 #include "model/sections/deck_reader.hpp"
 #include "model/store/integer.hpp"
 
@@ -26,32 +26,32 @@ struct Loads {
     const RecordFile& file;
 };
 
-int read_text_line(DeckReader& in, int location) {
+Cause read_text_line(DeckReader& in, int location) {
     in.LOC = location;
     return in.read_text_line<text_width>();
 }
 
-int transfer_label(Loads& loads, int v) {
+Cause transfer_label(Loads& loads, int v) {
     DeckReader& in = loads.in;
-    if (const int fault = read_text_line(in, saturated_sum(vector_label, v))) return fault;
+    if (const Cause fault = read_text_line(in, saturated_sum(vector_label, v))) return fault;
     const Label label(in.cmn.LINE.first(text_width));
     RecordBuilder(loads.file).add(label.view()).write();
     in.cmn.runtime.write(in.cmn.NF6, "(' VECTOR ',i2,' LABEL : ',a60)", v, label);
-    return no_fault;
+    return Cause::none;
 }
 
 // The count's record is written before the count is checked.
-int transfer_pile_count(Loads& loads, int v, int& NLP, DeckPlace& place) {
-    if (const int fault = loads.in.read_record(RecordId::loaded_piles, v)) return fault;
+Cause transfer_pile_count(Loads& loads, int v, int& NLP, DeckPlace& place) {
+    if (const Cause fault = loads.in.read_record(RecordId::loaded_piles, v)) return fault;
     NLP = loads.in.integer(1);
     place = loads.in.place(1);
     RecordBuilder(loads.file).add(NLP).write();
-    return no_fault;
+    return Cause::none;
 }
 
-int check_pile_count(DeckReader& in, int v, int NLP, const DeckPlace& place) {
+Cause check_pile_count(DeckReader& in, int v, int NLP, const DeckPlace& place) {
     const Store& cmn = in.cmn;
-    if (NLP >= 1 && NLP <= cmn.NUMPIL) return no_fault;
+    if (NLP >= 1 && NLP <= cmn.NUMPIL) return Cause::none;
     return in.reject(
         place, "(/,' **** SR/LOADS : NUMBER OF LOADED PILES ERROR',/,' VECTOR,PILES,MAX=',3i5)", v,
         NLP, cmn.NUMPIL);
@@ -63,10 +63,10 @@ int place_of_pile(int v, int i) {
     return v > highest_vector ? 100 * highest_vector : 100 * v + i;
 }
 
-int transfer_pile(Loads& loads, int v, int i, double F) {
+Cause transfer_pile(Loads& loads, int v, int i, double F) {
     DeckReader& in = loads.in;
     const Store& cmn = in.cmn;
-    if (const int fault = in.read_record(RecordId::pile_load, place_of_pile(v, i))) return fault;
+    if (const Cause fault = in.read_record(RecordId::pile_load, place_of_pile(v, i))) return fault;
     const int NP = in.integer(1);
     if (NP < 1 || NP > cmn.NUMPIL) {
         return in.reject(
@@ -81,40 +81,40 @@ int transfer_pile(Loads& loads, int v, int i, double F) {
         record.add(component > 3 ? load * cmn.FACL : load); // moments have a length in them
     }
     record.write();
-    return no_fault;
+    return Cause::none;
 }
 
-int transfer_vector(Loads& loads, int v) {
+Cause transfer_vector(Loads& loads, int v) {
     DeckReader& in = loads.in;
     int NLP = 0;
     DeckPlace count_place;
-    if (const int fault = transfer_label(loads, v)) return fault;
-    if (const int fault = transfer_pile_count(loads, v, NLP, count_place)) return fault;
-    if (const int fault = in.read_record(RecordId::load_factor, v)) return fault;
+    if (const Cause fault = transfer_label(loads, v)) return fault;
+    if (const Cause fault = transfer_pile_count(loads, v, NLP, count_place)) return fault;
+    if (const Cause fault = in.read_record(RecordId::load_factor, v)) return fault;
     const double F = in.VAR(1);
-    if (const int fault = read_text_line(in, saturated_sum(table_heading, v))) return fault;
-    if (const int fault = check_pile_count(in, v, NLP, count_place)) return fault;
+    if (const Cause fault = read_text_line(in, saturated_sum(table_heading, v))) return fault;
+    if (const Cause fault = check_pile_count(in, v, NLP, count_place)) return fault;
     for (int i = 1; i <= NLP; ++i) {
-        if (const int fault = transfer_pile(loads, v, i, F)) return fault;
+        if (const Cause fault = transfer_pile(loads, v, i, F)) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int transfer_all(Loads& loads) {
-    if (const int fault = read_text_line(loads.in, section_heading)) return fault;
+Cause transfer_all(Loads& loads) {
+    if (const Cause fault = read_text_line(loads.in, section_heading)) return fault;
     const int vectors = loads.in.cmn.NUMLOD;
     for (int v = 1; v <= vectors; ++v) {
-        if (const int fault = transfer_vector(loads, v)) return fault;
+        if (const Cause fault = transfer_vector(loads, v)) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace
 
 void loads(Store& cmn, const RecordFile& load_file) {
     Loads loads{DeckReader(cmn, messages), load_file};
-    const int fault = transfer_all(loads);
-    if (fault == no_fault) return;
+    const Cause fault = transfer_all(loads);
+    if (!fault) return;
     linerd(cmn, cmn.NF12, cmn.NF6, cmn.NLINE, fault);
     cmn.IERR = 1;
 }

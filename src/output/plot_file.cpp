@@ -1,4 +1,3 @@
-// Writes the plot file: node coordinates of every pile.
 #include "output/plot_file.hpp"
 
 namespace korvat {

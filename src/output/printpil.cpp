@@ -1,4 +1,3 @@
-// Writes the result pages of the listing.
 #include "output/printpil.hpp"
 
 #include "fortran/save_holder.hpp"

@@ -1,4 +1,3 @@
-// Binary files of unformatted records in the segmented layout that TOLVAN reads.
 #include "output/record_file.hpp"
 
 #include <bit>

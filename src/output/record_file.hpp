@@ -55,6 +55,14 @@ public:
     template <typename T>
     RecordBuilder& add(const T&) = delete;
 
+    template <typename Items>
+    RecordBuilder& add_all(const Items& items) {
+        for (const auto& item : items) {
+            add(item);
+        }
+        return *this;
+    }
+
     // Frames and writes the items and clears their list; without any item nothing is written.
     void write();
 

@@ -1,4 +1,3 @@
-// Writes the analysis input file PILE.07 and the plot file.
 #include "output/save.hpp"
 
 #include "model/store/report_error.hpp"
@@ -22,17 +21,9 @@ struct Output {
         0.0; // f of the last element whose section had a material or was composite
 };
 
-template <typename Items>
-void write_record(const Output& out, const Items& items) {
-    RecordBuilder record(out.file);
-    for (const auto& item : items)
-        record.add(item);
-    record.write();
-}
-
 void write_heading_records(const Output& out) {
     const Store& cmn = out.cmn;
-    if (cmn.IREV > 4) write_record(out, cmn.IRDATE.all());
+    if (cmn.IREV > 4) RecordBuilder(out.file).add_all(cmn.IRDATE.all()).write();
     RecordBuilder(out.file).add(cmn.LABEL.view()).write();
     RecordBuilder(out.file).add(cmn.NUMPIL).add(cmn.NUMCRS).write();
 }
@@ -44,7 +35,7 @@ void write_cross_sections(const Output& out) {
         for (int j = 1; j <= 3; ++j) {
             cmn.CRSVAL(slot::miscellaneous + j - 1, i) = cmn.CMISC(j, i);
         }
-        write_record(out, cmn.CRSVAL.column(i));
+        RecordBuilder(out.file).add_all(cmn.CRSVAL.column(i)).write();
     }
 }
 
@@ -52,24 +43,17 @@ void write_cross_sections(const Output& out) {
 void write_section_types(const Output& out) {
     const Store& cmn = out.cmn;
     if (cmn.IREV <= 4) return;
-    RecordBuilder types(out.file);
-    for (const int v : cmn.ITYCRS.all())
-        types.add(v);
-    for (const int v : cmn.NLCRS.all())
-        types.add(v);
-    for (const int v : cmn.ICOMP.all())
-        types.add(v);
-    types.write();
-    RecordBuilder curves(out.file);
-    for (const double v : cmn.FAXEL.all())
-        curves.add(v);
-    for (const double v : cmn.FMOEL.all())
-        curves.add(v);
-    for (const double v : cmn.FAXPL.all())
-        curves.add(v);
-    for (const double v : cmn.FMOPL.all())
-        curves.add(v);
-    curves.write();
+    RecordBuilder(out.file)
+        .add_all(cmn.ITYCRS.all())
+        .add_all(cmn.NLCRS.all())
+        .add_all(cmn.ICOMP.all())
+        .write();
+    RecordBuilder(out.file)
+        .add_all(cmn.FAXEL.all())
+        .add_all(cmn.FMOEL.all())
+        .add_all(cmn.FAXPL.all())
+        .add_all(cmn.FMOPL.all())
+        .write();
 }
 
 NodeValues& values_of_code(Store& cmn, int code) {
@@ -133,9 +117,9 @@ bool check_dummy_pile(Store& cmn, int np) {
 void write_coordinates(const Output& out, int np, int nodes) {
     const Store& cmn = out.cmn;
     const auto count = static_cast<std::size_t>(nodes);
-    write_record(out, cmn.XNOD.column(np).first(count));
-    write_record(out, cmn.YNOD.column(np).first(count));
-    write_record(out, cmn.ZNOD.column(np).first(count));
+    RecordBuilder(out.file).add_all(cmn.XNOD.column(np).first(count)).write();
+    RecordBuilder(out.file).add_all(cmn.YNOD.column(np).first(count)).write();
+    RecordBuilder(out.file).add_all(cmn.ZNOD.column(np).first(count)).write();
 }
 
 void write_component(const Output& out, const NodeValues& values, int component, int nodes) {

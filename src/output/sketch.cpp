@@ -1,4 +1,3 @@
-// Character plot of points in a plane, on the listing.
 #include "output/sketch.hpp"
 
 #include "fortran/save_holder.hpp"

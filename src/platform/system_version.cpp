@@ -1,4 +1,3 @@
-// The name of an operating system by its version number.
 #include "platform/system_version.hpp"
 
 namespace korvat::platform {

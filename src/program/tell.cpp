@@ -1,4 +1,3 @@
-// Tells the user how a run ended.
 #include "program/tell.hpp"
 
 #include <cstdio>

@@ -1,4 +1,3 @@
-// The program's name in block letters.
 #include "run/banner.hpp"
 
 namespace korvat {

@@ -1,4 +1,3 @@
-// The run driver: opens the files and calls the steps of a run in their fixed order.
 #include "run/contrl.hpp"
 
 #include "compute/build.hpp"

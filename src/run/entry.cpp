@@ -1,4 +1,3 @@
-// The whole run behind every program entry.
 #include "run/entry.hpp"
 
 #include "platform/taskbar_button.hpp"

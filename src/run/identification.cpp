@@ -1,4 +1,3 @@
-// Identification strings of the program.
 #include "run/identification.hpp"
 
 #include "run/build_date.hpp"

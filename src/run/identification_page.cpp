@@ -1,4 +1,3 @@
-// The identification page at the top of the message log.
 #include "run/identification_page.hpp"
 
 #include "fortran/internal_write.hpp"

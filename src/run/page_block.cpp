@@ -1,4 +1,3 @@
-// A block of text lines on which the identification page is composed by line and column.
 #include "run/page_block.hpp"
 
 #include <algorithm>

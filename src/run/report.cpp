@@ -1,4 +1,3 @@
-// What a failed run tells on standard error.
 #include "run/report.hpp"
 
 #include "fortran/text.hpp"

@@ -1,4 +1,3 @@
-// The runtime's scratch files, removed at the end of a run.
 #include "run/scratch_files.hpp"
 
 #include "platform/files.hpp"

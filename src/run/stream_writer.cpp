@@ -1,4 +1,3 @@
-// Raw byte output to a file, under the binary record files.
 #include "run/stream_writer.hpp"
 
 #include <cerrno>

@@ -1,4 +1,3 @@
-// Time stamps of a run.
 #include "run/time_stamp.hpp"
 
 #include "platform/clock.hpp"

@@ -11,20 +11,20 @@ DeckPlace unread_place(const Store& cmn) {
 
 } // namespace
 
-int DeckLines::report_unreadable(fortran::ReadStatus status) {
+Cause DeckLines::report_unreadable(fortran::ReadStatus status) {
     if (status != fortran::ReadStatus::end) return report_format_error(unread_place(cmn));
     report_error(cmn, cmn.NF6, unread_place(cmn), messages_.end_of_file, LOC);
-    return cause::end_of_file;
+    return Cause::end_of_file;
 }
 
-int DeckLines::report_format_error(const DeckPlace& place) {
+Cause DeckLines::report_format_error(const DeckPlace& place) {
     report_error(cmn, cmn.NF6, place, messages_.format_error, LOC);
-    return cause::format_error;
+    return Cause::format_error;
 }
 
-int DeckLines::report_record_fault() {
+Cause DeckLines::report_record_fault() {
     report_error(cmn, cmn.NF6, line_place(), messages_.record_fault, LOC);
-    return cause::record_fault;
+    return Cause::record_fault;
 }
 
 } // namespace korvat

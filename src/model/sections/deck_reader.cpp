@@ -6,7 +6,7 @@
 
 namespace korvat {
 
-int DeckReader::read_record(deck::RecordId id, int k) {
+Cause DeckReader::read_record(deck::RecordId id, int k) {
     const deck::Record& record = deck::record(id);
     LOC = deck::location_of(record, k);
     int count = record.count;
@@ -14,10 +14,12 @@ int DeckReader::read_record(deck::RecordId id, int k) {
     ++cmn.NLINE;
     read(cmn, count, LOC, cmn.NF12, cmn.NF6, NPHYS, cmn.LINE, VAR, fault);
     cmn.NLINE += std::max(NPHYS - 1, 0); // the continuation lines
-    return fault == 0 ? no_fault : report_record_fault();
+    if (fault != 0) return report_record_fault();
+    return Cause::none;
 }
 
 DeckPlace DeckReader::place(int i) const {
+    if (i < 1) return line_place();
     const int first_line = cmn.NLINE - std::max(NPHYS - 1, 0);
     const DeckPlace place = place_of_number(cmn.report.record_lines, cmn.LINE, first_line, i);
     return place.column == 0 ? line_place() : place;

@@ -13,17 +13,17 @@ public:
 
     // Reads a text line of `Width` columns into LINE.
     template <std::size_t Width>
-    [[nodiscard]] int read_text_line() {
+    Cause read_text_line() {
         fortran::Text<Width> line;
-        if (const int fault = fetch(line)) return fault;
+        if (const Cause fault = fetch(line)) return fault;
         cmn.LINE.assign(line.view());
-        return no_fault;
+        return Cause::none;
     }
 
     // Reads the k-th record of its kind into VAR and sets LOC to its location code.
-    [[nodiscard]] int read_record(deck::RecordId id, int k = 0);
+    Cause read_record(deck::RecordId id, int k = 0);
 
-    // Number i of the record just read; the line just read when it has no such number.
+    // Number i (from 1) of the record just read; the line just read when it has no such number.
     [[nodiscard]] DeckPlace place(int i) const;
 
     // Number i of the record just read, as the nearest integer.

@@ -1,4 +1,3 @@
-// The numeric records of the input deck, each described once: items, meaning, unit, location code.
 #include "model/sections/deck_records.hpp"
 
 #include "model/store/integer.hpp"

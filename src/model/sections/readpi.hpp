@@ -11,7 +11,4 @@ namespace korvat {
 // With load vectors NF12 stands behind the blank line that opens their section.
 void readpi(Store& cmn);
 
-// Reads the cross sections by the revision found. Raises the runtime's stop for one above 5.
-[[nodiscard]] int read_cross_sections_by_revision(class SectionReader& in);
-
 } // namespace korvat

@@ -1,4 +1,5 @@
-// Cross-section type data of revision 4, with the generation of skipped numbers.
+// Cross-section type data: of revision 4 here, with the generation of skipped numbers; else rev5inp's.
+#include "model/sections/rev5inp.hpp"
 #include "model/sections/section_reader.hpp"
 #include "model/sections/tube_record.hpp"
 
@@ -16,7 +17,7 @@ TubeRecord given_record(const SectionReader& in) {
             .UWFLD = in.VAR(9)};
 }
 
-int check_sequence(SectionReader& in, int N, int previous, int k) {
+Cause check_sequence(SectionReader& in, int N, int previous, int k) {
     if (N <= previous) {
         return in.reject(in.place(1), "(/,' **** SR/READPI : CROSS SECTION SEQUENCE ERROR',3i5)", N,
                          previous);
@@ -24,19 +25,18 @@ int check_sequence(SectionReader& in, int N, int previous, int k) {
     if (k == 1 && N != 1) {
         return in.reject(in.place(1), "(/,' **** SR/READPI : FIRST CROSS SECTION MUST BE 1')");
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int check_values(SectionReader& in, int N, const TubeRecord& tube) {
+Cause check_values(SectionReader& in, int N, const TubeRecord& tube) {
     const Store& cmn = in.cmn;
-    int error = size_error(tube, cmn);
-    if (N > cmn.NUMCRS) error = 4;
-    if (tube.MATCRS < 1) error = 5;
-    if (tube.MATCRS > cmn.NUMMAT) error = 6;
-    if (error == 0) return no_fault;
-    constexpr int value_at_fault[] = {3, 4, 4, 1, 2, 2}; // of error numbers 1..6
-    return in.reject(in.place(value_at_fault[error - 1]),
-                     "(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", N, error);
+    ValueError error = size_error(tube, cmn, 3);
+    if (N > cmn.NUMCRS) error = {4, 1};
+    if (tube.MATCRS < 1) error = {5, 2};
+    if (tube.MATCRS > cmn.NUMMAT) error = {6, 2};
+    if (!error) return Cause::none;
+    return in.reject(in.place(error.value),
+                     "(/,' **** SR/READPI : CROSS SECTION ERROR  NUM,IERR=',2i5)", N, error.number);
 }
 
 // The skipped sections sit at the middles of as many equal parts, not at the interior points of a
@@ -59,25 +59,34 @@ void generate_skipped(Store& cmn, int previous, int N) {
     }
 }
 
-} // namespace
-
-int read_cross_sections(SectionReader& in) {
+Cause read_sections_of_revision_4(SectionReader& in) {
     Store& cmn = in.cmn;
     in.LOC = deck::record(deck::RecordId::cross_section).location;
-    if (const int fault = in.require_blank_line("CROSS SECTION TYPE DATA")) return fault;
-    if (const int fault = in.skip_headings(2)) return fault;
+    if (const Cause fault = in.require_blank_line("CROSS SECTION TYPE DATA")) return fault;
+    if (const Cause fault = in.skip_headings(2)) return fault;
     int previous = 0;
     for (int k = 1; previous < cmn.NUMCRS; ++k) {
-        if (const int fault = in.read_record(deck::RecordId::cross_section, k)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::cross_section, k)) return fault;
         const int N = in.integer(1);
         const TubeRecord tube = scaled(given_record(in), cmn);
-        if (const int fault = check_sequence(in, N, previous, k)) return fault;
-        if (const int fault = check_values(in, N, tube)) return fault;
+        if (const Cause fault = check_sequence(in, N, previous, k)) return fault;
+        if (const Cause fault = check_values(in, N, tube)) return fault;
         store_tube(cmn, N, tube);
         generate_skipped(cmn, previous, N);
         previous = N;
     }
-    return no_fault;
+    return Cause::none;
+}
+
+} // namespace
+
+Cause read_cross_sections(SectionReader& in) {
+    Store& cmn = in.cmn;
+    if (cmn.IREV > 5) {
+        report_error(cmn, cmn.NF6, {}, "(/,' **** SR/READPI : Program revision number > 5')");
+        in.terminate();
+    }
+    return cmn.IREV == 5 ? rev5inp(cmn) : read_sections_of_revision_4(in);
 }
 
 } // namespace korvat

@@ -1,6 +1,8 @@
 // Pile geometry section: head and tip points, generated and omitted piles.
 #include "model/sections/section_reader.hpp"
 
+#include "model/sections/value_error.hpp"
+
 namespace korvat {
 namespace {
 
@@ -21,7 +23,7 @@ PileRecord scaled_record(const SectionReader& in) {
             .tip = {in.VAR(7) * FACL, in.VAR(8) * FACL, in.VAR(9) * FACL}};
 }
 
-int check_pile(SectionReader& in, const PileRecord& pile, int previous, int k) {
+Cause check_pile(SectionReader& in, const PileRecord& pile, int previous, int k) {
     const Store& cmn = in.cmn;
     const int NP = pile.NP;
     if (k == 1 && NP != 1) {
@@ -45,7 +47,7 @@ int check_pile(SectionReader& in, const PileRecord& pile, int previous, int k) {
         return in.reject(in.place(value_at_fault), "(/,' **** SR/READPI : PILE,NGEN,NSYM=',3i5)",
                          NP, pile.NGEN, pile.NSYM);
     }
-    return no_fault;
+    return Cause::none;
 }
 
 void store_pile(Store& cmn, const PileRecord& pile) {
@@ -58,18 +60,17 @@ void store_pile(Store& cmn, const PileRecord& pile) {
 }
 
 // Piles are omitted between two given piles only.
-int check_omitted(SectionReader& in, int previous, int NP) {
+Cause check_omitted(SectionReader& in, int previous, int NP) {
     const Store& cmn = in.cmn;
-    int error = 0;
-    if (cmn.NGEN(previous) != 0) error = 1;
-    if (cmn.NSYM(previous) != 0) error = 2;
-    if (cmn.NGEN(NP) != 0) error = 3;
-    if (cmn.NSYM(NP) != 0) error = 4;
-    if (error == 0) return no_fault;
-    // The first two are about the pile before, which is given on another line.
-    const DeckPlace place = error <= 2 ? in.line_place() : in.place(error - 1);
-    return in.reject(place, "(/,' **** SR/READPI : OMITTED PILES  NGEN/NSYM NOT ZERO',3i5)",
-                     previous, NP, error);
+    ValueError error;
+    if (cmn.NGEN(previous) != 0) error = {1, 0}; // of the pile before, which stands on another line
+    if (cmn.NSYM(previous) != 0) error = {2, 0};
+    if (cmn.NGEN(NP) != 0) error = {3, 2};
+    if (cmn.NSYM(NP) != 0) error = {4, 3};
+    if (!error) return Cause::none;
+    return in.reject(in.place(error.value),
+                     "(/,' **** SR/READPI : OMITTED PILES  NGEN/NSYM NOT ZERO',3i5)", previous, NP,
+                     error.number);
 }
 
 // A plain linear division, unlike that of the cross sections.
@@ -93,24 +94,24 @@ void generate_omitted(Store& cmn, int previous, int NP) {
 
 } // namespace
 
-int read_pile_geometry(SectionReader& in) {
+Cause read_pile_geometry(SectionReader& in) {
     Store& cmn = in.cmn;
     in.LOC = deck::record(deck::RecordId::pile_geometry).location;
-    if (const int fault = in.require_blank_line("PILE GEOMETRY SECTION")) return fault;
-    if (const int fault = in.skip_headings(2)) return fault;
+    if (const Cause fault = in.require_blank_line("PILE GEOMETRY SECTION")) return fault;
+    if (const Cause fault = in.skip_headings(2)) return fault;
     int previous = 0;
     for (int k = 1; previous < cmn.NUMPIL; ++k) {
-        if (const int fault = in.read_record(deck::RecordId::pile_geometry, k)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::pile_geometry, k)) return fault;
         const PileRecord pile = scaled_record(in);
-        if (const int fault = check_pile(in, pile, previous, k)) return fault;
+        if (const Cause fault = check_pile(in, pile, previous, k)) return fault;
         store_pile(cmn, pile);
         if (pile.NP > previous + 1) {
-            if (const int fault = check_omitted(in, previous, pile.NP)) return fault;
+            if (const Cause fault = check_omitted(in, previous, pile.NP)) return fault;
             generate_omitted(cmn, previous, pile.NP);
         }
         previous = pile.NP;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace korvat

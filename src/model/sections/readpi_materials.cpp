@@ -1,6 +1,8 @@
 // Material types section.
 #include "model/sections/section_reader.hpp"
 
+#include "model/sections/value_error.hpp"
+
 #include <algorithm>
 
 namespace korvat {
@@ -20,16 +22,10 @@ void store_material(SectionReader& in, int N) {
     cmn.EPSTMP(N) = in.VAR(6);
 }
 
-// The value that an error number is about.
-int value_at_fault(int error) {
-    return error == 6 ? 6 : error + 1;
-}
-
-// Error number of a modulus, 0 when both are positive.
-int modulus_error(const Store& cmn, int N) {
-    int error = 0;
-    if (cmn.TOL > cmn.EMOD(N)) error = 1;
-    if (cmn.TOL > cmn.GMOD(N)) error = 2;
+ValueError modulus_error(const Store& cmn, int N) {
+    ValueError error;
+    if (cmn.TOL > cmn.EMOD(N)) error = {1, 2};
+    if (cmn.TOL > cmn.GMOD(N)) error = {2, 3};
     return error;
 }
 
@@ -52,40 +48,40 @@ void warn_of_yield_stress(SectionReader& in, int N) {
     }
 }
 
-int check_material(SectionReader& in, int N) {
+Cause check_material(SectionReader& in, int N) {
     const Store& cmn = in.cmn;
-    int error = modulus_error(cmn, N);
-    if (error == 0) {
+    ValueError error = modulus_error(cmn, N);
+    if (!error) {
         warn_of_poisson_ratio(in, N);
         warn_of_yield_stress(in, N);
     }
-    if (cmn.EPSTMP(N) < -cmn.TOL) error = 6;
+    if (cmn.EPSTMP(N) < -cmn.TOL) error = {6, 6};
     if (cmn.EPSTMP(N) > high_temperature_strain) {
         in.warn("(/,' WARNING FROM SR/READPI :  N,EPSTMP=',i5,e12.4)", N, cmn.EPSTMP(N));
     }
-    if (error == 0) return no_fault;
-    return in.reject(in.place(value_at_fault(error)),
-                     "(/,' **** SR/READPI : MATERIAL ERROR  MAT,IERR=',2i5)", N, error);
+    if (!error) return Cause::none;
+    return in.reject(in.place(error.value), "(/,' **** SR/READPI : MATERIAL ERROR  MAT,IERR=',2i5)",
+                     N, error.number);
 }
 
 } // namespace
 
-int read_material_types(SectionReader& in) {
+Cause read_material_types(SectionReader& in) {
     const Store& cmn = in.cmn;
     in.LOC = deck::record(deck::RecordId::material).location;
-    if (const int fault = in.require_blank_line("MATERIAL TYPES SECTION")) return fault;
-    if (const int fault = in.skip_headings(cmn.IREV == 5 ? 3 : 2)) return fault;
+    if (const Cause fault = in.require_blank_line("MATERIAL TYPES SECTION")) return fault;
+    if (const Cause fault = in.skip_headings(cmn.IREV == 5 ? 3 : 2)) return fault;
     for (int N = 1; N <= cmn.NUMMAT; ++N) {
-        if (const int fault = in.read_record(deck::RecordId::material, N)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::material, N)) return fault;
         if (in.integer(1) != N) {
             return in.reject(in.place(1),
                              "(/,' **** SR/READPI : MATERIAL TYPES SEQUENCE ERROR',2i5)", N,
                              in.integer(1));
         }
         store_material(in, N);
-        if (const int fault = check_material(in, N)) return fault;
+        if (const Cause fault = check_material(in, N)) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace korvat

@@ -1,6 +1,7 @@
 // Pile tip/fix table and special pile node values.
 #include "model/sections/section_reader.hpp"
 
+#include "model/sections/value_error.hpp"
 #include "model/store/special_codes.hpp"
 
 namespace korvat {
@@ -12,20 +13,19 @@ struct TipFixRecord {
     int NP1, NP2, ITIP, IFIX;
 };
 
-int check_tip_fix(SectionReader& in, const TipFixRecord& record, int last, bool is_first) {
+Cause check_tip_fix(SectionReader& in, const TipFixRecord& record, int last, bool is_first) {
     const Store& cmn = in.cmn;
-    int error = 0;
-    if (record.NP1 <= last) error = 1;
-    if (record.NP1 > record.NP2) error = 2;
-    if (record.NP2 > cmn.NUMPIL) error = 3;
-    if (record.ITIP > most_tip_code) error = 4; // a negative code is checked by build
-    if (record.IFIX < 0 || record.IFIX > cmn.NUMPIL) error = 5;
-    if (is_first && record.NP1 != 1) error = 6;
-    if (error == 0) return no_fault;
-    constexpr int value_at_fault[] = {1, 2, 2, 3, 4, 1}; // of error numbers 1..6
-    return in.reject(in.place(value_at_fault[error - 1]),
+    ValueError error;
+    if (record.NP1 <= last) error = {1, 1};
+    if (record.NP1 > record.NP2) error = {2, 2};
+    if (record.NP2 > cmn.NUMPIL) error = {3, 2};
+    if (record.ITIP > most_tip_code) error = {4, 3}; // a negative code is checked by build
+    if (record.IFIX < 0 || record.IFIX > cmn.NUMPIL) error = {5, 4};
+    if (is_first && record.NP1 != 1) error = {6, 1};
+    if (!error) return Cause::none;
+    return in.reject(in.place(error.value),
                      "(/,' **** SR/READPI : PILE TIP/FIX TABLE  NP1,NP2,ITIP,','IFIX,IERR=',/,5i5)",
-                     record.NP1, record.NP2, record.ITIP, record.IFIX, error);
+                     record.NP1, record.NP2, record.ITIP, record.IFIX, error.number);
 }
 
 struct SpecialRecord {
@@ -42,7 +42,7 @@ int value_at_fault(const Store& cmn, const SpecialRecord& record) {
     return 0;
 }
 
-int check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
+Cause check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
     const Store& cmn = in.cmn;
     if (const int value = value_at_fault(cmn, record); value != 0) {
         return in.reject(
@@ -50,7 +50,7 @@ int check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
             "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,NP1,NP2,ND1,',',ND2,CODE=',/,6i5)", NOW,
             record.NP1, record.NP2, record.ND1, record.ND2, record.CODE);
     }
-    if (record.CODE != special_code::spring_stiffness) return no_fault;
+    if (record.CODE != special_code::spring_stiffness) return Cause::none;
     for (int i = 1; i <= limits::node_components; ++i) {
         const double stiffness = in.VAR(5 + i);
         if (!(stiffness > -cmn.TOL)) {
@@ -59,7 +59,7 @@ int check_special(SectionReader& in, const SpecialRecord& record, int NOW) {
                              stiffness);
         }
     }
-    return no_fault;
+    return Cause::none;
 }
 
 // A value of one component, 1..3 along and 4..6 about the axes, in internal units.
@@ -99,15 +99,15 @@ void store_special(SectionReader& in, const SpecialRecord& record, int NOW) {
 
 } // namespace
 
-int read_tip_fix_table(SectionReader& in) {
+Cause read_tip_fix_table(SectionReader& in) {
     Store& cmn = in.cmn;
     // The heading keeps the location code of the record before it.
-    if (const int fault = in.skip_heading()) return fault;
+    if (const Cause fault = in.skip_heading()) return fault;
     int last = 0;
     for (int k = 1; last < cmn.NUMPIL; ++k) {
-        if (const int fault = in.read_record(deck::RecordId::tip_and_fix, k)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::tip_and_fix, k)) return fault;
         const TipFixRecord record{in.integer(1), in.integer(2), in.integer(3), in.integer(4)};
-        if (const int fault = check_tip_fix(in, record, last, k == 1)) return fault;
+        if (const Cause fault = check_tip_fix(in, record, last, k == 1)) return fault;
         const DeckPlace tip_code = in.place(3);
         const DeckPlace fixing = in.place(4);
         for (int p = record.NP1; p <= record.NP2; ++p) {
@@ -118,14 +118,14 @@ int read_tip_fix_table(SectionReader& in) {
         }
         last = record.NP2;
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int read_special_node_values(SectionReader& in) {
+Cause read_special_node_values(SectionReader& in) {
     const Store& cmn = in.cmn;
     in.LOC = deck::record(deck::RecordId::special_node_values).location;
-    if (const int fault = in.require_blank_line("SPECIAL PILE NODE VALUES")) return fault;
-    if (const int fault = in.skip_headings(2)) return fault;
+    if (const Cause fault = in.require_blank_line("SPECIAL PILE NODE VALUES")) return fault;
+    if (const Cause fault = in.skip_headings(2)) return fault;
     for (int NOW = 1;; ++NOW) {
         // Checked before the record is read: after 500 records there is no room for an end record.
         if (NOW > limits::special_records) {
@@ -133,16 +133,16 @@ int read_special_node_values(SectionReader& in) {
                              "(/,' **** SR/READPI : SPEC NODE VALUES  NOW,MAX=',2i5)", NOW,
                              cmn.MAXSPC);
         }
-        if (const int fault = in.read_record(deck::RecordId::special_node_values, NOW)) {
+        if (const Cause fault = in.read_record(deck::RecordId::special_node_values, NOW)) {
             return fault;
         }
         const SpecialRecord record{in.integer(1), in.integer(2), in.integer(3), in.integer(4),
                                    in.integer(5)};
         if (record.NP1 < 1) break;
-        if (const int fault = check_special(in, record, NOW)) return fault;
+        if (const Cause fault = check_special(in, record, NOW)) return fault;
         store_special(in, record, NOW);
     }
-    return cmn.NUMLOD < 1 ? no_fault : in.require_blank_line("LOAD VECTOR SECTION");
+    return cmn.NUMLOD < 1 ? Cause::none : in.require_blank_line("LOAD VECTOR SECTION");
 }
 
 } // namespace korvat

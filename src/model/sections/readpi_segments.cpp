@@ -1,6 +1,8 @@
 // Pile segment type data, and the table that lists the segments of each pile.
 #include "model/sections/section_reader.hpp"
 
+#include "model/sections/value_error.hpp"
+
 namespace korvat {
 namespace {
 
@@ -12,24 +14,23 @@ void store_segment_type(SectionReader& in, int N) {
     cmn.NELSEG(N) = in.integer(5);
 }
 
-int check_segment_type(SectionReader& in, int N) {
+Cause check_segment_type(SectionReader& in, int N) {
     const Store& cmn = in.cmn;
-    int error = 0;
+    ValueError error;
     for (int i = 1; i <= 2; ++i) {
-        if (cmn.ICRSEG(i, N) < 1) error = i;
-        if (cmn.ICRSEG(i, N) > cmn.NUMCRS) error = i + 2;
+        if (cmn.ICRSEG(i, N) < 1) error = {i, 1 + i};
+        if (cmn.ICRSEG(i, N) > cmn.NUMCRS) error = {i + 2, 1 + i};
     }
-    if (cmn.TOL > cmn.SEGLEN(N)) error = 5;
-    if (cmn.NELSEG(N) < 1) error = 6;
-    if (cmn.NELSEG(N) > limits::pile_elements) error = 7;
-    if (error == 0) return no_fault;
-    constexpr int value_at_fault[] = {2, 3, 2, 3, 4, 5, 5}; // of error numbers 1..7
-    return in.reject(in.place(value_at_fault[error - 1]),
-                     "(/,' **** SR/READPI : SEGMENT ERROR  NUM,IERR=',2i5)", N, error);
+    if (cmn.TOL > cmn.SEGLEN(N)) error = {5, 4};
+    if (cmn.NELSEG(N) < 1) error = {6, 5};
+    if (cmn.NELSEG(N) > limits::pile_elements) error = {7, 5};
+    if (!error) return Cause::none;
+    return in.reject(in.place(error.value), "(/,' **** SR/READPI : SEGMENT ERROR  NUM,IERR=',2i5)",
+                     N, error.number);
 }
 
 // Lists the segments of one pile; a count of 0 or below lists none and makes a dummy pile.
-int store_pile_segments(SectionReader& in, int NP) {
+Cause store_pile_segments(SectionReader& in, int NP) {
     Store& cmn = in.cmn;
     const int NSEG = in.integer(2);
     if (NSEG > limits::pile_segments) {
@@ -47,43 +48,43 @@ int store_pile_segments(SectionReader& in, int NP) {
         }
         cmn.ISEGP(i, NP) = segment;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace
 
-int read_segment_types(SectionReader& in) {
+Cause read_segment_types(SectionReader& in) {
     in.LOC = deck::record(deck::RecordId::segment_type).location;
-    if (const int fault = in.require_blank_line("PILE SEGMENT TYPE DATA")) return fault;
-    if (const int fault = in.skip_headings(2)) return fault;
+    if (const Cause fault = in.require_blank_line("PILE SEGMENT TYPE DATA")) return fault;
+    if (const Cause fault = in.skip_headings(2)) return fault;
     for (int N = 1; N <= in.NUMSEG; ++N) {
-        if (const int fault = in.read_record(deck::RecordId::segment_type, N)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::segment_type, N)) return fault;
         if (in.integer(1) != N) {
             return in.reject(in.place(1), "(/,' **** SR/READPI : SEGMENT SEQUENCE ERROR',2i5)", N,
                              in.integer(1));
         }
         store_segment_type(in, N);
-        if (const int fault = check_segment_type(in, N)) return fault;
+        if (const Cause fault = check_segment_type(in, N)) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int read_pile_segment_table(SectionReader& in) {
+Cause read_pile_segment_table(SectionReader& in) {
     const Store& cmn = in.cmn;
     in.LOC = deck::record(deck::RecordId::pile_segments).location;
-    if (const int fault = in.skip_heading()) return fault;
+    if (const Cause fault = in.skip_heading()) return fault;
     for (int NP = 1; NP <= cmn.NUMPIL; ++NP) {
         if (cmn.NGEN(NP) != 0) continue; // a generated pile has no record
-        if (const int fault = in.read_record(deck::RecordId::pile_segments, NP)) return fault;
+        if (const Cause fault = in.read_record(deck::RecordId::pile_segments, NP)) return fault;
         if (in.integer(1) != NP) {
             return in.reject(
                 in.place(1),
                 "(/,' **** SR/READPI : PILE',i4.3,' EXPECTED IN SEGMENT ','TABLE , NOT',i4.3)", NP,
                 in.integer(1));
         }
-        if (const int fault = store_pile_segments(in, NP)) return fault;
+        if (const Cause fault = store_pile_segments(in, NP)) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace korvat

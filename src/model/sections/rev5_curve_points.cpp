@@ -18,11 +18,11 @@ struct Point {
     double FMOPL = 0.0;
 };
 
-int read_point(Rev5Reader& in, const Place& place, Point& point) {
+Cause read_point(Rev5Reader& in, const Place& place, Point& point) {
     in.LOC = deck::location_of(deck::record(deck::RecordId::curve_point), place.N * 100 + place.i);
     int number = 0;
     int sequence = 0;
-    if (const int fault =
+    if (const Cause fault =
             in.read_values(number, sequence, point.FAXEL, point.FMOEL, point.FAXPL, point.FMOPL)) {
         return fault;
     }
@@ -38,12 +38,12 @@ int read_point(Rev5Reader& in, const Place& place, Point& point) {
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  Expected value =',i2)",
             place.N, sequence, place.i);
     }
-    return no_fault;
+    return Cause::none;
 }
 
 // The curves begin and end without a moment, the plastic one outside the elastic one. At the last
 // point the text of the message is that of the first, though the test is the opposite.
-int check_end_point(Rev5Reader& in, const Place& place, const Point& point) {
+Cause check_end_point(Rev5Reader& in, const Place& place, const Point& point) {
     const double TOL = in.cmn.TOL;
     const bool is_inside =
         place.i == 1 ? point.FAXEL > point.FAXPL + TOL : point.FAXPL - point.FAXEL > TOL;
@@ -65,12 +65,12 @@ int check_end_point(Rev5Reader& in, const Place& place, const Point& point) {
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The plastic moment',' is not zero',/,e14.4)",
             place.N, place.i, point.FMOPL);
     }
-    return no_fault;
+    return Cause::none;
 }
 
 // Axial forces fall from point to point, moments are not negative.
-int check_against_previous(Rev5Reader& in, const Place& place, const Point& previous,
-                           const Point& point) {
+Cause check_against_previous(Rev5Reader& in, const Place& place, const Point& previous,
+                             const Point& point) {
     const double TOL = in.cmn.TOL;
     if (previous.FAXEL - point.FAXEL < TOL) {
         return in.reject(
@@ -96,13 +96,13 @@ int check_against_previous(Rev5Reader& in, const Place& place, const Point& prev
             "(/,' **** SR/REV5INP : Non-linear cross sections input',/,' Crs no. = ',i2,' Point no. = ',i2,'  The plastic moment',' is negative',/,e14.4)",
             place.N, place.i, point.FMOPL);
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int check_point(Rev5Reader& in, const Place& place, const Point& previous, const Point& point) {
+Cause check_point(Rev5Reader& in, const Place& place, const Point& previous, const Point& point) {
     if (place.i == 1) return check_end_point(in, place, point);
     if (place.i == place.of) {
-        if (const int fault = check_end_point(in, place, point)) return fault;
+        if (const Cause fault = check_end_point(in, place, point)) return fault;
     }
     return check_against_previous(in, place, previous, point);
 }
@@ -116,20 +116,20 @@ void store_point(Store& cmn, const Place& place, const Point& point) {
 
 } // namespace
 
-int read_curve_points(Rev5Reader& in) {
+Cause read_curve_points(Rev5Reader& in) {
     Store& cmn = in.cmn;
     for (int N = 1; N <= cmn.NUMCRS; ++N) {
         Point previous;
         for (int i = 1; i <= cmn.NLCRS(N); ++i) {
             const Place place{N, i, cmn.NLCRS(N)};
             Point point;
-            if (const int fault = read_point(in, place, point)) return fault;
-            if (const int fault = check_point(in, place, previous, point)) return fault;
+            if (const Cause fault = read_point(in, place, point)) return fault;
+            if (const Cause fault = check_point(in, place, previous, point)) return fault;
             store_point(cmn, place, point);
             previous = point;
         }
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace korvat

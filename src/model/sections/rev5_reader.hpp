@@ -27,35 +27,29 @@ public:
 
     // Reads the values of one record; they may go on over several lines.
     template <typename... Values>
-    [[nodiscard]] int read_values(Values&... values) {
+    Cause read_values(Values&... values) {
         static_assert(sizeof...(Values) <= most_values);
         fortran::ListDirected list;
         first_line_ = cmn.NLINE + 1;
         count_ = 0;
-        int fault = no_fault;
+        Cause fault = Cause::none;
         // Stops at the first value that faults.
-        static_cast<void>((((fault = take(list, values)) == no_fault) && ...));
+        static_cast<void>((!(fault = take(list, values)) && ...));
         return fault;
     }
 
     // Reads the leading integers of a line and the values of its tube.
     template <typename... Integers>
-    [[nodiscard]] int read_tube(Rev5Tube& line, Integers&... leading) {
+    Cause read_tube(Rev5Tube& line, Integers&... leading) {
         TubeRecord& tube = line.tube;
         return read_values(leading..., tube.MATCRS, tube.DIAM, tube.WALL, tube.STFAX, tube.STFBN,
                            tube.STFSH, tube.STFTO, tube.UWFLD, line.ECC, line.CMISC[0],
                            line.CMISC[1], line.CMISC[2]);
     }
 
-    // Writes the second line of a message whose first has just been written.
-    template <fortran::Writable... Items>
-    [[nodiscard]] int add_to_message(std::string_view format, const Items&... items) {
-        continue_error(cmn, cmn.NF6, format, items...);
-        return cause::bad_value;
-    }
-
-    // Value i (from 1) of the record just read.
+    // Value i (from 1) of the record just read; its first line when i is 0.
     [[nodiscard]] DeckPlace place(int i) const {
+        if (i == 0) return {.line = places_.front().line};
         return places_.at(static_cast<std::size_t>(i - 1));
     }
 
@@ -68,20 +62,18 @@ private:
     }
 
     template <typename Value>
-    int take(fortran::ListDirected& list, Value& value) {
-        while (true) {
-            const auto result = list.take(value);
-            if (result != fortran::ListDirected::Result::end_of_text) {
-                keep_place(list.last_position());
-            }
-            if (result == fortran::ListDirected::Result::value) return no_fault;
-            if (result == fortran::ListDirected::Result::bad_value) {
-                return report_format_error(places_.at(count_ - 1));
-            }
+    Cause take(fortran::ListDirected& list, Value& value) {
+        using Result = fortran::ListDirected::Result;
+        Result result = list.take(value);
+        while (result == Result::end_of_text) {
             fortran::Text<120> line;
-            if (const int fault = fetch(line)) return fault;
+            if (const Cause fault = fetch(line)) return fault;
             list.add_line(line.view());
+            result = list.take(value);
         }
+        keep_place(list.last_position());
+        if (result == Result::bad_value) return report_format_error(places_.at(count_ - 1));
+        return Cause::none;
     }
 
     int first_line_ = 0;                          // of the record just read
@@ -90,12 +82,11 @@ private:
 };
 
 // The parts of the section, in deck order.
-[[nodiscard]] int read_cross_section_lines(Rev5Reader& in);
-[[nodiscard]] int read_curve_points(Rev5Reader& in);
+Cause read_cross_section_lines(Rev5Reader& in);
+Cause read_curve_points(Rev5Reader& in);
 
 // Reads the sub-sections of composite N, `type` of them, into the slots behind `slot`, which is
 // advanced. `type` was given at `type_place`.
-[[nodiscard]] int read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_place,
-                                    int& slot);
+Cause read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_place, int& slot);
 
 } // namespace korvat

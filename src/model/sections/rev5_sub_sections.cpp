@@ -15,12 +15,12 @@ struct SubSectionLine : Rev5Tube {
     int code = 0; // non-linear code
 };
 
-int read_line(Rev5Reader& in, int N, int j, SubSectionLine& line) {
+Cause read_line(Rev5Reader& in, int N, int j, SubSectionLine& line) {
     in.LOC = deck::location_of(deck::record(deck::RecordId::sub_section), N * 1000 + j);
     return in.read_tube(line, line.number, line.sequence, line.type, line.code);
 }
 
-int check_numbers(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
+Cause check_numbers(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
     if (line.number != N) {
         return in.reject(
             in.place(1),
@@ -45,47 +45,51 @@ int check_numbers(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
             "(/,' **** SR/REV5INP : Composite cross section input',/,' Crs no. = ',i2,' Sub-sctn = ',i2,' Non-linear is not zero:',i4)",
             N, j, line.code);
     }
-    return no_fault;
+    return Cause::none;
 }
 
-// Error number of a sub-section, 0 when it is accepted; a later number replaces an earlier one.
-int value_error(const Store& cmn, const SubSectionLine& line) {
-    int error = size_error(line.tube, cmn);
-    if (error != 0) error += 20;
-    if (line.tube.MATCRS < 1) error = 24;
-    if (line.tube.MATCRS > cmn.NUMMAT) error = 25;
-    if (line.ECC > cmn.TOL) error = 26; // a negative eccentricity is accepted
+// A later error replaces an earlier one.
+ValueError value_error(const Store& cmn, const SubSectionLine& line) {
+    ValueError error = size_error(line.tube, cmn, 6);
+    if (error) error.number += 20;
+    if (line.tube.MATCRS < 1) error = {24, 5};
+    if (line.tube.MATCRS > cmn.NUMMAT) error = {25, 5};
+    if (line.ECC > cmn.TOL) error = {26, 13}; // a negative eccentricity is accepted
     return error;
 }
 
-int check_values(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
+// Adds what was given to the message of an error number.
+void add_given(ErrorMessage& message, int error, const SubSectionLine& line) {
     const TubeRecord& tube = line.tube;
-    const int error = value_error(in.cmn, line);
-    if (error == 0) return no_fault;
-    constexpr int value_at_fault[] = {6, 7, 7, 5, 5, 13}; // of error numbers 21..26
-    report_error(
-        in.cmn, in.cmn.NF6, in.place(value_at_fault[error - 21]),
-        "(/,' **** SR/REV5INP : Composite cross section data input',' control',/,' Cross section, sub-section, IERR=',3i4)",
-        N, j, error);
     switch (error) {
     case 21:
-        return in.add_to_message("(' Diameter =',f8.4)", tube.DIAM);
+        return message.add("(' Diameter =',f8.4)", tube.DIAM);
     case 22:
-        return in.add_to_message("(' Wall =',f8.4)", tube.WALL);
+        return message.add("(' Wall =',f8.4)", tube.WALL);
     case 23:
-        return in.add_to_message("(' Diameter,wall =',2f8.4)", tube.DIAM, tube.WALL);
+        return message.add("(' Diameter,wall =',2f8.4)", tube.DIAM, tube.WALL);
     case 24:
     case 25:
-        return in.add_to_message("(' Material no. =',i5)", tube.MATCRS);
+        return message.add("(' Material no. =',i5)", tube.MATCRS);
     default:
-        return in.add_to_message("(' Composite sub-section, eccentricity is not zero',f8.4)",
-                                 line.ECC);
+        return message.add("(' Composite sub-section, eccentricity is not zero',f8.4)", line.ECC);
     }
 }
 
+Cause check_values(Rev5Reader& in, int N, int j, const SubSectionLine& line) {
+    const ValueError error = value_error(in.cmn, line);
+    if (!error) return Cause::none;
+    ErrorMessage message(
+        in.cmn, in.cmn.NF6, in.place(error.value),
+        "(/,' **** SR/REV5INP : Composite cross section data input',' control',/,' Cross section, sub-section, IERR=',3i4)",
+        N, j, error.number);
+    add_given(message, error.number, line);
+    return Cause::bad_value;
+}
+
 // The outer diameter must equal the inner one of the sub-section before, whatever the text says.
-int check_nesting(Rev5Reader& in, int N, int j, double inner, double DIAM) {
-    if (std::fabs(inner - DIAM) <= in.cmn.TOL) return no_fault;
+Cause check_nesting(Rev5Reader& in, int N, int j, double inner, double DIAM) {
+    if (std::fabs(inner - DIAM) <= in.cmn.TOL) return Cause::none;
     return in.reject(
         in.place(6),
         "(/,' **** SR/REV5INP : Composite cross section data input',' control',/,' Cross section, sub-section, D.inside.last, OD =',2i4,2f9.5,/,' Sub-section diameters must be in decreasing',' order')",
@@ -108,7 +112,7 @@ void store_sub_section(Store& cmn, int slot, const SubSectionLine& line) {
 
 } // namespace
 
-int read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_place, int& slot) {
+Cause read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_place, int& slot) {
     Store& cmn = in.cmn;
     double inner = 0.0; // running inner diameter
     for (int j = 1; j <= type; ++j) {
@@ -120,18 +124,18 @@ int read_sub_sections(Rev5Reader& in, int N, int type, const DeckPlace& type_pla
                 cmn.MAXCRS);
         }
         SubSectionLine line;
-        if (const int fault = read_line(in, N, j, line)) return fault;
-        if (const int fault = check_numbers(in, N, j, line)) return fault;
+        if (const Cause fault = read_line(in, N, j, line)) return fault;
+        if (const Cause fault = check_numbers(in, N, j, line)) return fault;
         line.tube = scaled(line.tube, cmn);
-        if (const int fault = check_values(in, N, j, line)) return fault;
+        if (const Cause fault = check_values(in, N, j, line)) return fault;
         if (j == 1) inner = line.tube.DIAM;
-        if (const int fault = check_nesting(in, N, j, inner, line.tube.DIAM)) return fault;
+        if (const Cause fault = check_nesting(in, N, j, inner, line.tube.DIAM)) return fault;
         inner = line.tube.DIAM - 2.0 * line.tube.WALL;
         if (j > limits::sub_sections) stop_at_too_many(in, N);
         store_sub_section(cmn, slot, line);
         cmn.ICOMP(j, N) = slot;
     }
-    return no_fault;
+    return Cause::none;
 }
 
 } // namespace korvat

@@ -1,5 +1,7 @@
 #include "model/sections/section_reader.hpp"
 
+#include "fortran/stop.hpp"
+
 #include <string>
 
 namespace korvat {
@@ -16,20 +18,25 @@ constexpr ReaderMessages readpi_messages = {
 
 SectionReader::SectionReader(Store& store) : DeckReader(store, readpi_messages) {}
 
-int SectionReader::skip_heading() {
+void SectionReader::terminate() {
+    cmn.runtime.write(cmn.NF6, "(/,' **** Error termination of KORVAT')");
+    fortran::stop();
+}
+
+Cause SectionReader::skip_heading() {
     return read_text_line<text_width>();
 }
 
-int SectionReader::skip_headings(int count) {
+Cause SectionReader::skip_headings(int count) {
     for (int i = 0; i < count; ++i) {
-        if (const int fault = skip_heading(); fault != no_fault) return fault;
+        if (const Cause fault = skip_heading()) return fault;
     }
-    return no_fault;
+    return Cause::none;
 }
 
-int SectionReader::require_blank_line(std::string_view section) {
-    if (const int fault = read_text_line<text_width>(); fault != no_fault) return fault;
-    if (cmn.LINE.is_blank()) return no_fault;
+Cause SectionReader::require_blank_line(std::string_view section) {
+    if (const Cause fault = read_text_line<text_width>()) return fault;
+    if (cmn.LINE.is_blank()) return Cause::none;
     const std::string format = "(/,a44,'\"" + std::string(section) + "\"',/,1x,a80)";
     return reject(line_place(), format,
                   fortran::characters(" **** SR/READPI : NO BLANK LINE AT START OF "),

@@ -7,17 +7,17 @@
 
 namespace korvat {
 
-// The reader of readpi. Functions return no_fault or a cause code, as those of DeckReader do.
+// The reader of readpi. Functions return a cause, as those of DeckReader do.
 class SectionReader : public DeckReader {
 public:
     explicit SectionReader(Store& store);
 
     // Reads a heading line, whatever it holds, into LINE.
-    [[nodiscard]] int skip_heading();
-    [[nodiscard]] int skip_headings(int count);
+    Cause skip_heading();
+    Cause skip_headings(int count);
 
     // Reads a line into LINE and requires that its 120 characters are blank.
-    [[nodiscard]] int require_blank_line(std::string_view section);
+    Cause require_blank_line(std::string_view section);
 
     // Writes a warning; reading goes on.
     template <fortran::Writable... Items>
@@ -25,17 +25,20 @@ public:
         cmn.runtime.write(cmn.NF6, format, items...);
     }
 
+    // Ends the run through the runtime's stop.
+    [[noreturn]] void terminate();
+
     int NUMSEG = 0; // pile segment types, 1..MAXSEG
 };
 
 // The sections, in deck order. Each leaves the reader behind its last line.
-[[nodiscard]] int read_control_section(SectionReader& in);
-[[nodiscard]] int read_material_types(SectionReader& in);
-[[nodiscard]] int read_cross_sections(SectionReader& in);
-[[nodiscard]] int read_segment_types(SectionReader& in);
-[[nodiscard]] int read_pile_geometry(SectionReader& in);
-[[nodiscard]] int read_pile_segment_table(SectionReader& in);
-[[nodiscard]] int read_tip_fix_table(SectionReader& in);
-[[nodiscard]] int read_special_node_values(SectionReader& in);
+Cause read_control_section(SectionReader& in);
+Cause read_material_types(SectionReader& in);
+Cause read_cross_sections(SectionReader& in);
+Cause read_segment_types(SectionReader& in);
+Cause read_pile_geometry(SectionReader& in);
+Cause read_pile_segment_table(SectionReader& in);
+Cause read_tip_fix_table(SectionReader& in);
+Cause read_special_node_values(SectionReader& in);
 
 } // namespace korvat

@@ -1,4 +1,3 @@
-// The values of one cross section as the deck gives them, in either revision.
 #include "model/sections/tube_record.hpp"
 
 namespace korvat {
@@ -16,11 +15,11 @@ TubeRecord scaled(const TubeRecord& given, const Store& cmn) {
             .UWFLD = given.UWFLD * (stress_factor(cmn) / FACL)};
 }
 
-int size_error(const TubeRecord& tube, const Store& cmn) {
-    int error = 0;
-    if (cmn.TOL > tube.DIAM) error = 1;
-    if (cmn.TOL > tube.WALL) error = 2;
-    if (tube.WALL > tube.DIAM * 0.5 + cmn.TOL) error = 3;
+ValueError size_error(const TubeRecord& tube, const Store& cmn, int DIAM_value) {
+    ValueError error;
+    if (cmn.TOL > tube.DIAM) error = {1, DIAM_value};
+    if (cmn.TOL > tube.WALL) error = {2, DIAM_value + 1};
+    if (tube.WALL > tube.DIAM * 0.5 + cmn.TOL) error = {3, DIAM_value + 1};
     return error;
 }
 

@@ -1,4 +1,3 @@
-// Integers from reals, always within range.
 #include "model/store/integer.hpp"
 
 #include <algorithm>

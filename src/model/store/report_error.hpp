@@ -15,28 +15,37 @@ template <fortran::Writable... Items>
     return std::string(fortran::trimmed(fortran::edited(longest_message, format, items...)));
 }
 
-// Keeps the items edited under `format` as the run's fault unless there is one already.
-template <fortran::Writable... Items>
-void keep_fault(Store& cmn, const DeckPlace& place, std::string_view format,
-                const Items&... items) {
-    if (!cmn.report.fault.message.empty()) return;
-    cmn.report.fault.message = edited_message(format, items...);
-    cmn.report.fault.place = place;
-}
+// An error message that has been written, to which lines can be added.
+class ErrorMessage {
+public:
+    // Writes the message to a unit; the first of a run becomes its fault.
+    template <fortran::Writable... Items>
+    ErrorMessage(Store& cmn, int unit, const DeckPlace& place, std::string_view format,
+                 const Items&... items)
+        : cmn_(cmn), unit_(unit), is_fault_(cmn.report.fault.message.empty()) {
+        cmn_.runtime.write(unit_, format, items...);
+        if (!is_fault_) return;
+        cmn_.report.fault.message = edited_message(format, items...);
+        cmn_.report.fault.place = place;
+    }
 
-// Writes an error message to a unit; the first of the run becomes its fault.
+    template <fortran::Writable... Items>
+    void add(std::string_view format, const Items&... items) {
+        cmn_.runtime.write(unit_, format, items...);
+        if (is_fault_) cmn_.report.fault.message += '\n' + edited_message(format, items...);
+    }
+
+private:
+    Store& cmn_;
+    int unit_;
+    bool is_fault_;
+};
+
+// Writes an error message to a unit; the first of a run becomes its fault.
 template <fortran::Writable... Items>
 void report_error(Store& cmn, int unit, const DeckPlace& place, std::string_view format,
                   const Items&... items) {
-    cmn.runtime.write(unit, format, items...);
-    keep_fault(cmn, place, format, items...);
-}
-
-// Writes another line of the message that was written last.
-template <fortran::Writable... Items>
-void continue_error(Store& cmn, int unit, std::string_view format, const Items&... items) {
-    cmn.runtime.write(unit, format, items...);
-    cmn.report.fault.message += '\n' + edited_message(format, items...);
+    ErrorMessage(cmn, unit, place, format, items...);
 }
 
 } // namespace korvat

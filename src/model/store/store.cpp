@@ -1,4 +1,3 @@
-// The model data store: the one record that every routine of a run shares.
 #include "model/store/store.hpp"
 
 #include "fortran/save_holder.hpp"

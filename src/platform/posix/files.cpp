@@ -1,4 +1,3 @@
-// Files and directories by name.
 #include "platform/files.hpp"
 
 #include <cerrno>

@@ -1,4 +1,3 @@
-// Signals that the system sends where a write fails.
 #include "platform/posix/signals.hpp"
 
 #include <csignal>

@@ -1,4 +1,3 @@
-// The descriptors of the standard streams.
 #include "platform/posix/standard_streams.hpp"
 
 #include <fcntl.h>

@@ -1,4 +1,3 @@
-// Local time of day.
 #include "platform/clock.hpp"
 
 #include <ctime>

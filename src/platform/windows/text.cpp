@@ -1,4 +1,3 @@
-// Text in the system's wide characters and in the UTF-8 that the program uses.
 #include "platform/windows/text.hpp"
 
 #include <windows.h>

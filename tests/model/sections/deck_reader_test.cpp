@@ -21,9 +21,9 @@ protected:
 
 TEST_F(DeckReaderTest, TextLineIsCutAtItsWidth) {
     give_copy(padded("a", 79) + "bc\n" + padded("d", 119) + "ef\n");
-    EXPECT_EQ(in.read_text_line<80>(), no_fault);
+    EXPECT_EQ(in.read_text_line<80>(), Cause::none);
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), padded("a", 79) + "b");
-    EXPECT_EQ(in.read_text_line<120>(), no_fault);
+    EXPECT_EQ(in.read_text_line<120>(), Cause::none);
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), padded("d", 119) + "e");
     EXPECT_EQ(cmn().NLINE, 2);
     EXPECT_EQ(log(), "");
@@ -31,9 +31,9 @@ TEST_F(DeckReaderTest, TextLineIsCutAtItsWidth) {
 
 TEST_F(DeckReaderTest, EndOfFileInATextLineIsCounted) {
     give_copy("last\n");
-    EXPECT_EQ(in.read_text_line<80>(), no_fault);
+    EXPECT_EQ(in.read_text_line<80>(), Cause::none);
     in.LOC = 1201;
-    EXPECT_EQ(in.read_text_line<80>(), cause::end_of_file);
+    EXPECT_EQ(in.read_text_line<80>(), Cause::end_of_file);
     EXPECT_EQ(cmn().NLINE, 2);
     EXPECT_EQ(log(), " end at 1201\n");
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), "last"); // unchanged
@@ -42,14 +42,14 @@ TEST_F(DeckReaderTest, EndOfFileInATextLineIsCounted) {
 TEST_F(DeckReaderTest, UnreadableLineOnPosix) {
     give_directory(12, "unreadable");
     in.LOC = 300;
-    EXPECT_EQ(in.read_text_line<80>(), cause::format_error);
+    EXPECT_EQ(in.read_text_line<80>(), Cause::format_error);
     EXPECT_EQ(cmn().NLINE, 1);
     EXPECT_EQ(log(), " unreadable at  300\n");
 }
 
 TEST_F(DeckReaderTest, RecordTakesItsCountAndLocationFromTheDescription) {
     give_copy("7 1 2 3\n4 5\n6\nnext\n");
-    EXPECT_EQ(in.read_record(RecordId::pile_load, 205), no_fault);
+    EXPECT_EQ(in.read_record(RecordId::pile_load, 205), Cause::none);
     EXPECT_EQ(in.LOC, 2205);
     EXPECT_EQ(in.NPHYS, 3);
     EXPECT_EQ(cmn().NLINE, 3);
@@ -60,19 +60,19 @@ TEST_F(DeckReaderTest, RecordTakesItsCountAndLocationFromTheDescription) {
 
 TEST_F(DeckReaderTest, LocationOfAHugeNumberSaturates) {
     give_copy("1\n");
-    EXPECT_EQ(in.read_record(RecordId::load_factor, 2147483647), no_fault);
+    EXPECT_EQ(in.read_record(RecordId::load_factor, 2147483647), Cause::none);
     EXPECT_EQ(in.LOC, 2147483647);
 }
 
 TEST_F(DeckReaderTest, SingleRecordHasItsOwnLocation) {
     give_copy("3\n");
-    EXPECT_EQ(in.read_record(RecordId::load_vectors), no_fault);
+    EXPECT_EQ(in.read_record(RecordId::load_vectors), Cause::none);
     EXPECT_EQ(in.LOC, 245);
 }
 
 TEST_F(DeckReaderTest, FaultOfARecordIsReportedBehindItsOwnMessage) {
     give_copy("\n");
-    EXPECT_EQ(in.read_record(RecordId::loaded_piles, 2), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::loaded_piles, 2), Cause::record_fault);
     EXPECT_EQ(log(), "\n **** SR/READ : NO NUMBERS FOUND AT LOCATION = 1302\n"
                      "      LINE ABOVE INPUT LINE AND INPUT LINE IS PRINTED BELOW WITH A '-' IN "
                      "FRONT.\n"
@@ -88,7 +88,7 @@ TEST_F(DeckReaderTest, FaultOfARecordIsReportedBehindItsOwnMessage) {
 
 TEST_F(DeckReaderTest, MissingContinuationLineIsNotCounted) {
     give_copy("1 2\n3 4\n");
-    EXPECT_EQ(in.read_record(RecordId::pile_load, 101), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::pile_load, 101), Cause::record_fault);
     EXPECT_EQ(cmn().NLINE, 2);
 }
 
@@ -96,19 +96,19 @@ TEST_F(DeckReaderTest, IntegerIsTheNearestOne) {
     give_copy("1.5\n-1.5\n1e300\n-1e300\n");
     const std::vector<int> expected = {2, -1, 2147483647, -2147483647 - 1};
     for (const int value : expected) {
-        EXPECT_EQ(in.read_record(RecordId::loaded_piles, 1), no_fault);
+        EXPECT_EQ(in.read_record(RecordId::loaded_piles, 1), Cause::none);
         EXPECT_EQ(in.integer(1), value);
     }
 }
 
 TEST_F(DeckReaderTest, RejectWritesItsMessage) {
-    EXPECT_EQ(in.reject({}, "(' bad',2i5)", 3, -4), cause::bad_value);
+    EXPECT_EQ(in.reject({}, "(' bad',2i5)", 3, -4), Cause::bad_value);
     EXPECT_EQ(log(), " bad    3   -4\n");
 }
 
 TEST_F(DeckReaderTest, TheFirstRejectionIsTheFaultOfTheRun) {
-    EXPECT_EQ(in.reject({.line = 4, .column = 2}, "(/,' bad',i5)", 3), cause::bad_value);
-    EXPECT_EQ(in.reject({.line = 5}, "(' worse')"), cause::bad_value);
+    EXPECT_EQ(in.reject({.line = 4, .column = 2}, "(/,' bad',i5)", 3), Cause::bad_value);
+    EXPECT_EQ(in.reject({.line = 5}, "(' worse')"), Cause::bad_value);
     EXPECT_EQ(cmn().report.fault.message, "\n bad    3");
     EXPECT_EQ(cmn().report.fault.file, "KORVAT.INP");
     EXPECT_EQ(cmn().report.fault.place, (DeckPlace{.line = 4, .column = 2}));
@@ -118,9 +118,9 @@ TEST_F(DeckReaderTest, TheFirstRejectionIsTheFaultOfTheRun) {
 // The second record starts on line 2 and goes on over lines 3 and 4.
 TEST_F(DeckReaderTest, APlaceIsThatOfTheValue) {
     give_copy("7\n2 0 -1 4\n 5.0 6.0\n  7.0 8.0 9.0\n");
-    EXPECT_EQ(in.read_record(RecordId::loaded_piles, 1), no_fault);
+    EXPECT_EQ(in.read_record(RecordId::loaded_piles, 1), Cause::none);
     EXPECT_EQ(in.place(1), (DeckPlace{.line = 1, .column = 1}));
-    EXPECT_EQ(in.read_record(RecordId::pile_geometry, 1), no_fault);
+    EXPECT_EQ(in.read_record(RecordId::pile_geometry, 1), Cause::none);
     EXPECT_EQ(in.place(1), (DeckPlace{.line = 2, .column = 1}));
     EXPECT_EQ(in.place(4), (DeckPlace{.line = 2, .column = 8}));
     EXPECT_EQ(in.place(5), (DeckPlace{.line = 3, .column = 2}));

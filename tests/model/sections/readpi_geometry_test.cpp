@@ -10,13 +10,13 @@ class GeometrySection : public SectionTest {
 protected:
     GeometrySection() { cmn().NUMPIL = 1; }
 
-    int read_piles(const std::vector<std::string>& records) {
+    Cause read_piles(const std::vector<std::string>& records) {
         return read_section(read_pile_geometry, under_headings(2, records));
     }
 
     std::string log_of(const std::vector<std::string>& records) {
         const std::size_t start = log().size();
-        EXPECT_EQ(read_piles(records), cause::bad_value) << records.back();
+        EXPECT_EQ(read_piles(records), Cause::bad_value) << records.back();
         return log().substr(start);
     }
 
@@ -41,7 +41,8 @@ std::string bad_pile(const std::string& values) {
 TEST_F(GeometrySection, StoresEveryPileScaled) {
     cmn().NUMPIL = 3;
     set_factors(7.0, 0.3048);
-    EXPECT_EQ(read_piles({"1 0 0 1 2 3 4 5 6", "2 1 2 0 0 0 0 0 0", "3 2 0 11 0 0 0 0 0"}), 0);
+    EXPECT_EQ(read_piles({"1 0 0 1 2 3 4 5 6", "2 1 2 0 0 0 0 0 0", "3 2 0 11 0 0 0 0 0"}),
+              Cause::none);
     EXPECT_EQ(points(1),
               (std::vector{0.3048, 2 * 0.3048, 3 * 0.3048, 4 * 0.3048, 5 * 0.3048, 6 * 0.3048}));
     EXPECT_EQ(cmn().NGEN(2), 1);
@@ -58,7 +59,7 @@ TEST_F(GeometrySection, OmittedPilesStandAtThirds) {
     cmn().NUMPIL = 4;
     cmn().NGEN(2) = 9; // overwritten
     cmn().NSYM(3) = 9;
-    EXPECT_EQ(read_piles({"1 0 0 0 3 0 -3 0 30", "4 0 0 6 0 3 0 9 33"}), 0);
+    EXPECT_EQ(read_piles({"1 0 0 0 3 0 -3 0 30", "4 0 0 6 0 3 0 9 33"}), Cause::none);
     EXPECT_EQ(points(2), (std::vector{2.0, 2.0, 1.0, -2.0, 3.0, 31.0}));
     EXPECT_EQ(points(3), (std::vector{4.0, 1.0, 2.0, -1.0, 6.0, 32.0}));
     for (const int p : {2, 3}) {
@@ -70,7 +71,7 @@ TEST_F(GeometrySection, OmittedPilesStandAtThirds) {
 
 TEST_F(GeometrySection, OmittedPilesAreSummedUpStepByStep) {
     cmn().NUMPIL = 11;
-    EXPECT_EQ(read_piles({"1 0 0 0 0 0 0 0 1", "11 0 0 1 0 0 0 0 1"}), 0);
+    EXPECT_EQ(read_piles({"1 0 0 0 0 0 0 0 1", "11 0 0 1 0 0 0 0 1"}), Cause::none);
     const double step = 1.0 / 10;
     double x = 0.0;
     for (int p = 2; p <= 10; ++p) {
@@ -95,9 +96,9 @@ TEST_F(GeometrySection, NumbersMustIncreaseFromOne) {
 
 TEST_F(GeometrySection, TipMustNotLieAboveTheHead) {
     EXPECT_EQ(log_of({"1 0 0 0 0 2 0 0 1.5"}), tip_above_head("    1     2.000     1.500"));
-    EXPECT_EQ(read_piles({"1 0 0 0 0 2 0 0 2"}), 0);
+    EXPECT_EQ(read_piles({"1 0 0 0 0 2 0 0 2"}), Cause::none);
     cmn().TOL = 0.5;
-    EXPECT_EQ(read_piles({"1 0 0 0 0 2 0 0 1.5"}), 0); // just not below -TOL
+    EXPECT_EQ(read_piles({"1 0 0 0 0 2 0 0 1.5"}), Cause::none); // just not below -TOL
     EXPECT_EQ(log_of({"1 0 0 0 0 2 0 0 1.25"}), tip_above_head("    1     2.000     1.250"));
 }
 
@@ -156,7 +157,7 @@ TEST_F(GeometrySection, PilesAreOmittedBetweenGivenPilesOnly) {
 TEST_F(GeometrySection, CoordinatesThatOverflowAreShownAsInfinite) {
     set_factors(1.0, 1e10);
     EXPECT_EQ(log_of({"1 0 0 0 0 1e300 0 0 0"}), tip_above_head("    1       inf     0.000"));
-    EXPECT_EQ(read_piles({"1 0 0 1e300 -1e300 0 0 0 1e300"}), 0);
+    EXPECT_EQ(read_piles({"1 0 0 1e300 -1e300 0 0 0 1e300"}), Cause::none);
     EXPECT_FALSE(std::isfinite(cmn().XHEAD(1, 1)));
 }
 

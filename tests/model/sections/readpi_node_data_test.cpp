@@ -9,14 +9,14 @@ class TipFixTable : public SectionTest {
 protected:
     TipFixTable() { cmn().NUMPIL = 5; }
 
-    int read_table(std::vector<std::string> records) {
+    Cause read_table(std::vector<std::string> records) {
         records.insert(records.begin(), "heading");
         return read_section(read_tip_fix_table, records);
     }
 
     std::string log_of(const std::vector<std::string>& records) {
         const std::size_t start = log().size();
-        EXPECT_EQ(read_table(records), cause::bad_value) << records.back();
+        EXPECT_EQ(read_table(records), Cause::bad_value) << records.back();
         return log().substr(start);
     }
 };
@@ -26,7 +26,7 @@ std::string tip_fix_error(const std::string& values) {
 }
 
 TEST_F(TipFixTable, SetsRangesOfPiles) {
-    EXPECT_EQ(read_table({"1 2 3 0", "3 3 -1 5", "4 5 0 1", "next"}), 0);
+    EXPECT_EQ(read_table({"1 2 3 0", "3 3 -1 5", "4 5 0 1", "next"}), Cause::none);
     const std::vector<int> tips = {3, 3, -1, 0, 0};
     const std::vector<int> fixes = {0, 0, 5, 1, 1};
     for (int p = 1; p <= 5; ++p) {
@@ -41,7 +41,7 @@ TEST_F(TipFixTable, SetsRangesOfPiles) {
 
 TEST_F(TipFixTable, RangesMayLeaveGaps) {
     cmn().ITIP(2) = 7;
-    EXPECT_EQ(read_table({"1 1 2 0", "5 5 2 0"}), 0);
+    EXPECT_EQ(read_table({"1 1 2 0", "5 5 2 0"}), Cause::none);
     EXPECT_EQ(cmn().ITIP(2), 7);
 }
 
@@ -65,7 +65,7 @@ TEST_F(TipFixTable, HugeIntegers) {
     EXPECT_EQ(log_of({"1 1e300 0 0"}), tip_fix_error("    12147483647    0    0    3"));
     EXPECT_EQ(log_of({"1 5 1e300 0"}), tip_fix_error("    1    52147483647    0    4"));
     EXPECT_EQ(log_of({"1 5 0 1e300"}), tip_fix_error("    1    5    02147483647    5"));
-    EXPECT_EQ(read_table({"1 5 -1e300 0"}), 0);
+    EXPECT_EQ(read_table({"1 5 -1e300 0"}), Cause::none);
     EXPECT_EQ(cmn().ITIP(5), -2147483647 - 1);
 }
 
@@ -73,14 +73,14 @@ class SpecialNodeValues : public SectionTest {
 protected:
     SpecialNodeValues() { cmn().NUMPIL = 5; }
 
-    int read_values(std::vector<std::string> records) {
+    Cause read_values(std::vector<std::string> records) {
         records.emplace_back("0 0 0 0 0 0 0 0 0 0 0");
         return read_section(read_special_node_values, under_headings(2, records));
     }
 
     std::string log_of(const std::string& record) {
         const std::size_t start = log().size();
-        EXPECT_EQ(read_values({record}), cause::bad_value) << record;
+        EXPECT_EQ(read_values({record}), Cause::bad_value) << record;
         return log().substr(start);
     }
 
@@ -96,7 +96,7 @@ std::string special_error(const std::string& values) {
 }
 
 TEST_F(SpecialNodeValues, StoresEveryRecord) {
-    EXPECT_EQ(read_values({"1 2 3 4 2 1 2 3 4 5 6", "5 5 1 451 3 7 8 9 10 11 12"}), 0);
+    EXPECT_EQ(read_values({"1 2 3 4 2 1 2 3 4 5 6", "5 5 1 451 3 7 8 9 10 11 12"}), Cause::none);
     EXPECT_EQ(cmn().NUMSPC, 2);
     const auto first = cmn().ISPNOD.column(1);
     EXPECT_EQ(std::vector<int>(first.begin(), first.end()), (std::vector{1, 2, 3, 4}));
@@ -116,7 +116,7 @@ TEST_F(SpecialNodeValues, ScalesByTheCode) {
     set_factors(F, L);
     EXPECT_EQ(read_values({"1 1 1 1 1 11 13 17 19 23 29", "1 1 1 1 2 11 13 17 19 23 29",
                            "1 1 1 1 3 11 13 17 19 23 29", "1 1 1 1 4 11 13 17 19 23 29"}),
-              0);
+              Cause::none);
     // Each formula from left to right.
     EXPECT_EQ(stored(1), (std::vector{11 * F / L, 13 * F / L, 17 * F / L, 19 * F * L, 23 * F * L,
                                       29 * F * L}));
@@ -130,7 +130,7 @@ TEST_F(SpecialNodeValues, FormulasGoFromLeftToRight) {
     int apart = 0;
     for (int v = 11; v < 31; ++v) {
         const std::string text = std::to_string(v);
-        EXPECT_EQ(read_values({"1 1 1 1 1 " + text + " 0 0 " + text + " 0 0"}), 0);
+        EXPECT_EQ(read_values({"1 1 1 1 1 " + text + " 0 0 " + text + " 0 0"}), Cause::none);
         EXPECT_EQ(cmn().SPVAL(1, 1), v * 4.44822 / 0.3048);
         EXPECT_EQ(cmn().SPVAL(4, 1), v * 4.44822 * 0.3048);
         apart += v * 4.44822 / 0.3048 == v * (4.44822 / 0.3048) ? 0 : 1;
@@ -140,7 +140,7 @@ TEST_F(SpecialNodeValues, FormulasGoFromLeftToRight) {
 
 TEST_F(SpecialNodeValues, Code4SetsTheFirstValueAtEveryNodeOfTheRange) {
     set_factors(2.0, 4.0);
-    EXPECT_EQ(read_values({"2 3 2 4 4 7 1 1 1 1 1", "3 3 4 5 4 8 1 1 1 1 1"}), 0);
+    EXPECT_EQ(read_values({"2 3 2 4 4 7 1 1 1 1 1", "3 3 4 5 4 8 1 1 1 1 1"}), Cause::none);
     for (const int p : {1, 4, 5})
         EXPECT_EQ(cmn().TSNOD(3, p), 0.0);
     for (const int p : {2, 3}) {
@@ -157,7 +157,7 @@ TEST_F(SpecialNodeValues, Code4SetsTheFirstValueAtEveryNodeOfTheRange) {
 TEST_F(SpecialNodeValues, OtherCodesLeaveTheTemperatures) {
     EXPECT_EQ(
         read_values({"1 1 1 1 1 7 7 7 7 7 7", "1 1 1 1 2 7 7 7 7 7 7", "1 1 1 1 3 7 7 7 7 7 7"}),
-        0);
+        Cause::none);
     EXPECT_EQ(cmn().TSNOD(1, 1), 0.0);
 }
 
@@ -181,24 +181,25 @@ TEST_F(SpecialNodeValues, HugeIntegers) {
     EXPECT_EQ(log_of("1 1 1 1e300 4" + rest), special_error("    1    1    12147483647    4"));
     EXPECT_EQ(log_of("1 1 1 1 1e300" + rest), special_error("    1    1    1    12147483647"));
     EXPECT_EQ(log_of("1 1 1 1 -1e300" + rest), special_error("    1    1    1    1-2147483648"));
-    EXPECT_EQ(read_values({"-1e300 1e300 1e300 1e300 1e300" + rest}), 0); // the end record
+    EXPECT_EQ(read_values({"-1e300 1e300 1e300 1e300 1e300" + rest}),
+              Cause::none); // the end record
 }
 
 TEST_F(SpecialNodeValues, SpringStiffnessMustNotBeNegative) {
     const std::string text = "\n **** SR/READPI : SPEC NODE VALUES  NOW,VAL=    1";
     EXPECT_EQ(log_of("1 1 1 1 1 0 0 0 0 0 -2"), text + " -0.2000E+01\n");
     EXPECT_EQ(log_of("1 1 1 1 1 0 -3 0 0 0 -2"), text + " -0.3000E+01\n"); // the first
-    EXPECT_EQ(read_values({"1 1 1 1 2 -1 -1 -1 -1 -1 -1"}), 0);
-    EXPECT_EQ(read_values({"1 1 1 1 3 -1 -1 -1 -1 -1 -1"}), 0);
+    EXPECT_EQ(read_values({"1 1 1 1 2 -1 -1 -1 -1 -1 -1"}), Cause::none);
+    EXPECT_EQ(read_values({"1 1 1 1 3 -1 -1 -1 -1 -1 -1"}), Cause::none);
     cmn().TOL = 0.5;
-    EXPECT_EQ(read_values({"1 1 1 1 1 -0.25 0 0 0 0 0"}), 0);
+    EXPECT_EQ(read_values({"1 1 1 1 1 -0.25 0 0 0 0 0"}), Cause::none);
     EXPECT_EQ(log_of("1 1 1 1 1 -0.5 0 0 0 0 0"), text + " -0.5000E+00\n"); // not above -TOL
 }
 
 TEST_F(SpecialNodeValues, EndRecordIsNotChecked) {
     EXPECT_EQ(read_section(read_special_node_values,
                            under_headings(2, {"0 9 9 8 7 -1 0 0 0 0 0", "not blank"})),
-              0);
+              Cause::none);
     EXPECT_EQ(cmn().NUMSPC, 0);
     EXPECT_EQ(next_line(12), "not blank"); // without load vectors nothing more is read
 }
@@ -206,20 +207,21 @@ TEST_F(SpecialNodeValues, EndRecordIsNotChecked) {
 TEST_F(SpecialNodeValues, LoadVectorsBeginWithABlankLine) {
     cmn().NUMLOD = 1;
     const std::string end = "0 0 0 0 0 0 0 0 0 0 0";
-    EXPECT_EQ(read_section(read_special_node_values, under_headings(2, {end, "", "load"})), 0);
+    EXPECT_EQ(read_section(read_special_node_values, under_headings(2, {end, "", "load"})),
+              Cause::none);
     EXPECT_EQ(cmn().NLINE, 5);
     EXPECT_EQ(next_line(12), "load");
     EXPECT_EQ(read_section(read_special_node_values, under_headings(2, {end, "load"})),
-              cause::bad_value);
+              Cause::bad_value);
     EXPECT_EQ(log(), "\n **** SR/READPI : NO BLANK LINE AT START OF \"LOAD VECTOR SECTION\"\n " +
                          padded("load", 80) + "\n");
 }
 
 TEST_F(SpecialNodeValues, FiveHundredRecordsCannotBeFollowedByAnEndRecord) {
     const std::string record = "1 1 1 1 2 1 2 3 4 5 6";
-    EXPECT_EQ(read_values(std::vector<std::string>(499, record)), 0);
+    EXPECT_EQ(read_values(std::vector<std::string>(499, record)), Cause::none);
     EXPECT_EQ(cmn().NUMSPC, 499);
-    EXPECT_EQ(read_values(std::vector<std::string>(500, record)), cause::bad_value);
+    EXPECT_EQ(read_values(std::vector<std::string>(500, record)), Cause::bad_value);
     EXPECT_EQ(cmn().NUMSPC, 500);
     EXPECT_EQ(log(), "\n **** SR/READPI : SPEC NODE VALUES  NOW,MAX=  501  500\n");
     EXPECT_EQ(in.LOC, 1400);

@@ -11,13 +11,13 @@ protected:
         in.NUMSEG = 1;
     }
 
-    int read_types(const std::vector<std::string>& records) {
+    Cause read_types(const std::vector<std::string>& records) {
         return read_section(read_segment_types, under_headings(2, records));
     }
 
     std::string log_of(const std::vector<std::string>& records) {
         const std::size_t start = log().size();
-        EXPECT_EQ(read_types(records), cause::bad_value) << records.back();
+        EXPECT_EQ(read_types(records), Cause::bad_value) << records.back();
         return log().substr(start);
     }
 };
@@ -29,7 +29,7 @@ std::string segment_error(const std::string& number) {
 TEST_F(SegmentTypes, StoresEveryType) {
     in.NUMSEG = 2;
     set_factors(7.0, 0.3048);
-    EXPECT_EQ(read_types({"1 2 5 11 3", "2 9 9 10 450"}), 0);
+    EXPECT_EQ(read_types({"1 2 5 11 3", "2 9 9 10 450"}), Cause::none);
     EXPECT_EQ(cmn().ICRSEG(1, 1), 2);
     EXPECT_EQ(cmn().ICRSEG(2, 1), 5);
     EXPECT_EQ(cmn().SEGLEN(1), 11 * 0.3048);
@@ -63,7 +63,7 @@ TEST_F(SegmentTypes, ErrorNumbers) {
 
 TEST_F(SegmentTypes, LengthEqualToTheToleranceIsAccepted) {
     cmn().TOL = 0.5;
-    EXPECT_EQ(read_types({"1 1 1 0.5 1"}), 0);
+    EXPECT_EQ(read_types({"1 1 1 0.5 1"}), Cause::none);
     EXPECT_EQ(log_of({"1 1 1 0.25 1"}), segment_error("5"));
 }
 
@@ -84,21 +84,21 @@ protected:
         in.NUMSEG = 9;
     }
 
-    int read_table(std::vector<std::string> records) {
+    Cause read_table(std::vector<std::string> records) {
         records.insert(records.begin(), "heading");
         return read_section(read_pile_segment_table, records);
     }
 
     std::string log_of(const std::vector<std::string>& records) {
         const std::size_t start = log().size();
-        EXPECT_EQ(read_table(records), cause::bad_value) << records.back();
+        EXPECT_EQ(read_table(records), Cause::bad_value) << records.back();
         return log().substr(start);
     }
 };
 
 TEST_F(PileSegmentTable, ListsTheSegmentsOfEachPile) {
     cmn().NUMPIL = 2;
-    EXPECT_EQ(read_table({"1 3 9 1 5", "2 1 4"}), 0);
+    EXPECT_EQ(read_table({"1 3 9 1 5", "2 1 4"}), Cause::none);
     EXPECT_EQ(cmn().NSEGP(1), 3);
     EXPECT_EQ(cmn().ISEGP(1, 1), 9);
     EXPECT_EQ(cmn().ISEGP(2, 1), 1);
@@ -115,7 +115,7 @@ TEST_F(PileSegmentTable, GeneratedPilesHaveNoRecord) {
     cmn().NUMPIL = 4;
     cmn().NGEN(2) = 1;
     cmn().NGEN(4) = 1;
-    EXPECT_EQ(read_table({"1 1 1", "3 1 2", "next"}), 0);
+    EXPECT_EQ(read_table({"1 1 1", "3 1 2", "next"}), Cause::none);
     EXPECT_EQ(cmn().NSEGP(2), 0);
     EXPECT_EQ(cmn().NSEGP(3), 1);
     EXPECT_EQ(in.LOC, 703);
@@ -123,7 +123,7 @@ TEST_F(PileSegmentTable, GeneratedPilesHaveNoRecord) {
 }
 
 TEST_F(PileSegmentTable, ListMayBeContinued) {
-    EXPECT_EQ(read_table({"1 20 1 2 3 4 5 6 7 8 9", "1 2 3 4 5 6 7 8 9", "1 2"}), 0);
+    EXPECT_EQ(read_table({"1 20 1 2 3 4 5 6 7 8 9", "1 2 3 4 5 6 7 8 9", "1 2"}), Cause::none);
     EXPECT_EQ(cmn().NSEGP(1), 20);
     EXPECT_EQ(cmn().ISEGP(10, 1), 1);
     EXPECT_EQ(cmn().ISEGP(20, 1), 2);
@@ -131,13 +131,13 @@ TEST_F(PileSegmentTable, ListMayBeContinued) {
 }
 
 TEST_F(PileSegmentTable, PileWithoutSegments) {
-    EXPECT_EQ(read_table({"1 0"}), 0);
+    EXPECT_EQ(read_table({"1 0"}), Cause::none);
     EXPECT_EQ(cmn().NSEGP(1), 0);
-    EXPECT_EQ(read_table({"1 -2"}), 0); // the count of numbers resolves to 0: any number
+    EXPECT_EQ(read_table({"1 -2"}), Cause::none); // the count of numbers resolves to 0: any number
     EXPECT_EQ(cmn().NSEGP(1), -2);
     EXPECT_EQ(cmn().ISEGP(1, 1), 0);
     EXPECT_EQ(log(), "");
-    EXPECT_EQ(read_table({"1 -1"}), cause::record_fault); // one number is due, two are there
+    EXPECT_EQ(read_table({"1 -1"}), Cause::record_fault); // one number is due, two are there
 }
 
 TEST_F(PileSegmentTable, PilesMustFollowOneAnother) {
@@ -164,8 +164,8 @@ TEST_F(PileSegmentTable, SegmentMustBeAType) {
 }
 
 TEST_F(PileSegmentTable, HugeCountOfSegmentsIsARecordThatDoesNotEnd) {
-    EXPECT_EQ(read_table({"1 1e300 1"}), cause::record_fault);
-    EXPECT_EQ(read_table({"1 -1e300 1"}), cause::record_fault);
+    EXPECT_EQ(read_table({"1 1e300 1"}), Cause::record_fault);
+    EXPECT_EQ(read_table({"1 -1e300 1"}), Cause::record_fault);
     EXPECT_EQ(cmn().NSEGP(1), 0);
 }
 

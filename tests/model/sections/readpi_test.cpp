@@ -193,7 +193,7 @@ TEST_F(Readpi, InputWithoutARevisionStopsTheRun) {
 TEST_F(Readpi, RevisionAbove5StopsTheRun) {
     SectionReader in(cmn());
     cmn().IREV = 6;
-    EXPECT_ANY_THROW(static_cast<void>(read_cross_sections_by_revision(in)));
+    EXPECT_ANY_THROW(static_cast<void>(read_cross_sections(in)));
     EXPECT_EQ(log(), "\n **** SR/READPI : Program revision number > 5\n"
                      "\n **** Error termination of KORVAT\n");
 }

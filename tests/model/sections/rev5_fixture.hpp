@@ -36,7 +36,7 @@ protected:
         cmn().NLINE = 0;
         cmn().IERR = -1;
         const std::size_t start = log().size();
-        rev5inp(cmn());
+        EXPECT_EQ(rev5inp(cmn()).code(), cmn().IERR);
         return log().substr(start);
     }
 

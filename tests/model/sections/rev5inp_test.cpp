@@ -121,7 +121,7 @@ TEST_F(Rev5inp, EndOfFileComesAfterABadValueOnly) {
 
 TEST_F(Rev5inp, UnreadableCopyIsAFormatErrorOnPosix) {
     give_directory(12, "unreadable");
-    rev5inp(cmn());
+    EXPECT_EQ(rev5inp(cmn()), Cause::format_error);
     EXPECT_EQ(log(), bad_data("  100"));
     EXPECT_EQ(cmn().IERR, 1);
 }

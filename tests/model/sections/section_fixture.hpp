@@ -9,7 +9,7 @@ namespace korvat::test {
 
 class SectionTest : public ModelTest {
 protected:
-    using Section = int (*)(SectionReader&);
+    using Section = Cause (*)(SectionReader&);
 
     SectionTest() : in(cmn()) { set_factors(1.0, 1.0); }
 
@@ -18,8 +18,8 @@ protected:
         cmn().FACL = length;
     }
 
-    // Reads one section from its first line; returns its cause code.
-    int read_section(Section section, const std::vector<std::string>& lines) {
+    // Reads one section from its first line; returns its cause.
+    Cause read_section(Section section, const std::vector<std::string>& lines) {
         give_copy(joined(lines));
         cmn().NLINE = 0;
         return section(in);

@@ -20,12 +20,12 @@ protected:
 
 TEST_F(SharedReader, RecordSetsTheLocationAndCountsItsLine) {
     give_copy("1 2 3 4 5 6\n7\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 3), 0);
+    EXPECT_EQ(in.read_record(RecordId::material, 3), Cause::none);
     EXPECT_EQ(in.LOC, 303);
     EXPECT_EQ(cmn().NLINE, 1);
     EXPECT_EQ(in.NPHYS, 1);
     EXPECT_EQ(in.VAR(6), 6.0);
-    EXPECT_EQ(in.read_record(RecordId::piles), 0);
+    EXPECT_EQ(in.read_record(RecordId::piles), Cause::none);
     EXPECT_EQ(in.LOC, 225);
     EXPECT_EQ(cmn().NLINE, 2);
 }
@@ -33,38 +33,38 @@ TEST_F(SharedReader, RecordSetsTheLocationAndCountsItsLine) {
 TEST_F(SharedReader, RecordCountsItsContinuationLines) {
     cmn().NLINE = 10;
     give_copy("1 2\n3 4\n5 6\n7\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 1), 0);
+    EXPECT_EQ(in.read_record(RecordId::material, 1), Cause::none);
     EXPECT_EQ(cmn().NLINE, 13);
     EXPECT_EQ(next_line(12), "7");
 }
 
 TEST_F(SharedReader, FaultCountsTheLinesReadToo) {
     give_copy("1 2\n3 4\n5 x\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 3), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::material, 3), Cause::record_fault);
     EXPECT_EQ(cmn().NLINE, 3);
     expect_log_ends_with(linerd_303);
 }
 
 TEST_F(SharedReader, EndOfFileOnTheFirstLineIsCounted) {
     give_copy("");
-    EXPECT_EQ(in.read_record(RecordId::material, 3), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::material, 3), Cause::record_fault);
     EXPECT_EQ(cmn().NLINE, 1);
     expect_log_ends_with(linerd_303);
 }
 
 TEST_F(SharedReader, MissingContinuationLineIsNotCounted) {
     give_copy("1 2\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 3), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::material, 3), Cause::record_fault);
     EXPECT_EQ(cmn().NLINE, 1);
     give_copy("1 2\n3\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 3), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::material, 3), Cause::record_fault);
     EXPECT_EQ(cmn().NLINE, 3); // one more line and one more continuation line
 }
 
 TEST_F(SharedReader, ValuesStayBetweenRecords) {
     give_copy("1 2 3 4 5 6\n7 x\n");
-    EXPECT_EQ(in.read_record(RecordId::material, 1), 0);
-    EXPECT_EQ(in.read_record(RecordId::tip_and_fix, 1), cause::record_fault);
+    EXPECT_EQ(in.read_record(RecordId::material, 1), Cause::none);
+    EXPECT_EQ(in.read_record(RecordId::tip_and_fix, 1), Cause::record_fault);
     EXPECT_EQ(in.VAR(1), 7.0);
     EXPECT_EQ(in.VAR(2), 2.0);
     EXPECT_EQ(in.VAR(6), 6.0);
@@ -72,7 +72,7 @@ TEST_F(SharedReader, ValuesStayBetweenRecords) {
 
 TEST_F(SharedReader, IntegersAreRoundedHalfUpAndStayInRange) {
     give_copy("1.5 -1.5 1e300 -1e300\n");
-    EXPECT_EQ(in.read_record(RecordId::tip_and_fix, 1), 0);
+    EXPECT_EQ(in.read_record(RecordId::tip_and_fix, 1), Cause::none);
     EXPECT_EQ(in.integer(1), 2);
     EXPECT_EQ(in.integer(2), -1);
     EXPECT_EQ(in.integer(3), 2147483647);
@@ -81,28 +81,28 @@ TEST_F(SharedReader, IntegersAreRoundedHalfUpAndStayInRange) {
 
 TEST_F(SharedReader, HeadingsAreCountedAndMayHoldAnything) {
     give_copy("x\n\n1 2\n3\n");
-    EXPECT_EQ(in.skip_headings(3), 0);
+    EXPECT_EQ(in.skip_headings(3), Cause::none);
     EXPECT_EQ(cmn().NLINE, 3);
     EXPECT_EQ(next_line(12), "3");
 }
 
 TEST_F(SharedReader, HeadingIsTheLineAboveOfTheNextRecord) {
     give_copy("the heading\n");
-    EXPECT_EQ(in.skip_heading(), 0);
+    EXPECT_EQ(in.skip_heading(), Cause::none);
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), "the heading");
 }
 
 TEST_F(SharedReader, HeadingReplacesTheWholeLineBuffer) {
     cmn().LINE.assign(std::string(640, 'x'));
     give_copy(std::string(120, 'h') + "more\n");
-    EXPECT_EQ(in.skip_heading(), 0);
+    EXPECT_EQ(in.skip_heading(), Cause::none);
     EXPECT_EQ(fortran::trimmed(cmn().LINE.view()), std::string(120, 'h'));
 }
 
 TEST_F(SharedReader, EndOfFileOnAHeading) {
     give_copy("one\n");
     in.LOC = 300;
-    EXPECT_EQ(in.skip_headings(2), cause::end_of_file);
+    EXPECT_EQ(in.skip_headings(2), Cause::end_of_file);
     EXPECT_EQ(cmn().NLINE, 2);
     EXPECT_EQ(log(), "\n **** SR/READPI : END-OF-FILE AT LOCATION =   300\n");
 }
@@ -110,22 +110,22 @@ TEST_F(SharedReader, EndOfFileOnAHeading) {
 TEST_F(SharedReader, ReadErrorOnAHeadingOnPosix) {
     give_directory(12, "folder");
     in.LOC = 300;
-    EXPECT_EQ(in.skip_heading(), cause::format_error);
+    EXPECT_EQ(in.skip_heading(), Cause::format_error);
     EXPECT_EQ(log(), "\n **** SR/READPI : FORMAT ERROR AT LOCATION =  300\n");
 }
 
 TEST_F(SharedReader, BlankLinePasses) {
     give_copy("\n" + std::string(300, ' ') + "\n" + padded("", 120) + "x\n");
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), 0);
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), 0);
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), 0); // column 121 is not read
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::none);
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::none);
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::none); // column 121 is not read
     EXPECT_EQ(cmn().NLINE, 3);
     EXPECT_EQ(log(), "");
 }
 
 TEST_F(SharedReader, LineThatIsNotBlankIsShown) {
     give_copy(padded("not", 79) + "bc\n");
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), cause::bad_value);
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::bad_value);
     EXPECT_EQ(cmn().NLINE, 1);
     EXPECT_EQ(log(), "\n **** SR/READPI : NO BLANK LINE AT START OF \"CONTROL SECTION\"\n " +
                          padded("not", 79) + "b\n");
@@ -133,14 +133,14 @@ TEST_F(SharedReader, LineThatIsNotBlankIsShown) {
 
 TEST_F(SharedReader, CharacterInTheLastColumnIsNotBlank) {
     give_copy(padded("", 119) + "x\n\t\n");
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), cause::bad_value);
-    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), cause::bad_value);
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::bad_value);
+    EXPECT_EQ(in.require_blank_line("CONTROL SECTION"), Cause::bad_value);
 }
 
 TEST_F(SharedReader, EndOfFileInsteadOfABlankLine) {
     give_copy("");
     in.LOC = 400;
-    EXPECT_EQ(in.require_blank_line("CROSS SECTION TYPE DATA"), cause::end_of_file);
+    EXPECT_EQ(in.require_blank_line("CROSS SECTION TYPE DATA"), Cause::end_of_file);
     EXPECT_EQ(cmn().NLINE, 1);
     EXPECT_EQ(log(), "\n **** SR/READPI : END-OF-FILE AT LOCATION =   400\n");
 }
@@ -152,7 +152,7 @@ protected:
     std::string location_at_end(Section section, const std::vector<std::string>& lines) {
         const std::size_t start = log().size();
         cmn().NUMPIL = 1;
-        EXPECT_EQ(read_section(section, lines), cause::end_of_file);
+        EXPECT_EQ(read_section(section, lines), Cause::end_of_file);
         const std::string message = log().substr(start);
         const std::string text = "\n **** SR/READPI : END-OF-FILE AT LOCATION = ";
         EXPECT_EQ(message.substr(0, text.size()), text);

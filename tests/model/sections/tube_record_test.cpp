@@ -10,9 +10,16 @@ class TubeRecordTest : public ModelTest {
 protected:
     TubeRecordTest() { cmn().FACF = cmn().FACL = 1.0; }
 
-    int size_error_of(double DIAM, double WALL) {
-        return size_error(TubeRecord{.DIAM = DIAM, .WALL = WALL}, cmn());
+    // Error number and value at fault of a record that gives the diameter as its fifth value.
+    std::pair<int, int> size_error_of(double DIAM, double WALL) {
+        const ValueError error = size_error(TubeRecord{.DIAM = DIAM, .WALL = WALL}, cmn(), 5);
+        return {error.number, error.value};
     }
+
+    static constexpr std::pair accepted{0, 0};
+    static constexpr std::pair no_diameter{1, 5};
+    static constexpr std::pair no_wall{2, 6};
+    static constexpr std::pair thick_wall{3, 6};
 };
 
 constexpr TubeRecord sample = {.MATCRS = 3,
@@ -52,23 +59,23 @@ TEST_F(TubeRecordTest, FactorIsFormedBeforeTheValueIsMultiplied) {
 }
 
 TEST_F(TubeRecordTest, Sizes) {
-    EXPECT_EQ(size_error_of(1.0, 0.25), 0);
-    EXPECT_EQ(size_error_of(1.0, 0.5), 0); // solid
-    EXPECT_EQ(size_error_of(1.0, 0.5 + 5.0e-11), 0);
-    EXPECT_EQ(size_error_of(1.0, 0.5 + 2.0e-10), 3);
-    EXPECT_EQ(size_error_of(1.0, 0.0), 2);
-    EXPECT_EQ(size_error_of(1.0, -0.25), 2);
-    EXPECT_EQ(size_error_of(5.0e-11, 1.2e-10), 1);
+    EXPECT_EQ(size_error_of(1.0, 0.25), accepted);
+    EXPECT_EQ(size_error_of(1.0, 0.5), accepted); // solid
+    EXPECT_EQ(size_error_of(1.0, 0.5 + 5.0e-11), accepted);
+    EXPECT_EQ(size_error_of(1.0, 0.5 + 2.0e-10), thick_wall);
+    EXPECT_EQ(size_error_of(1.0, 0.0), no_wall);
+    EXPECT_EQ(size_error_of(1.0, -0.25), no_wall);
+    EXPECT_EQ(size_error_of(5.0e-11, 1.2e-10), no_diameter);
 }
 
 TEST_F(TubeRecordTest, LastSizeErrorCounts) {
-    EXPECT_EQ(size_error_of(0.0, 0.0), 2);
-    EXPECT_EQ(size_error_of(0.0, 0.5), 3);
-    EXPECT_EQ(size_error_of(-1.0, -0.25), 3);
+    EXPECT_EQ(size_error_of(0.0, 0.0), no_wall);
+    EXPECT_EQ(size_error_of(0.0, 0.5), thick_wall);
+    EXPECT_EQ(size_error_of(-1.0, -0.25), thick_wall);
 }
 
 TEST_F(TubeRecordTest, ToleranceItselfIsAccepted) {
-    EXPECT_EQ(size_error_of(1.0e-10, 1.0e-10), 0); // the wall is not above 0.5E-10 + 1E-10
+    EXPECT_EQ(size_error_of(1.0e-10, 1.0e-10), accepted); // the wall is not above 0.5E-10 + 1E-10
 }
 
 TEST_F(TubeRecordTest, IsStoredAtItsNumber) {
