@@ -4,16 +4,7 @@ import dataclasses
 import hashlib
 import re
 
-TOKEN = re.compile(
-    r"""(?P<blank>\s+|//[^\n]*|/\*.*?\*/|(?<![^\n])[ ]*\#[^\n]*)
-      |(?P<string>"(?:[^"\\\n]|\\.)*")
-      |(?P<char>'(?:[^'\\\n]|\\.)+')
-      |(?P<real>\d[\d']*\.\d*(?:[eE][+-]?\d+)?[fF]?|\d+[eE][+-]?\d+[fF]?)
-      |(?P<int>0[xX][\da-fA-F]+[uU]?|\d[\d']*[uUlLzZ]*)
-      |(?P<name>[A-Za-z_]\w*)
-      |(?P<sign><=>|\.\.\.|::|->|\+\+|--|<<|>>|[<>=!+*/%&|^-]=|&&|\|\||.)""",
-    re.VERBOSE | re.DOTALL,
-)
+import formats
 
 # A comparison becomes its neighbour at the boundary, and its opposite.
 COMPARISONS = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"), "==": ("!=",), "!=": ("==",)}
@@ -62,7 +53,7 @@ class Token:
 
 def tokens_of(source):
     tokens = []
-    for match in TOKEN.finditer(source):
+    for match in formats.TOKEN.finditer(source):
         if match.lastgroup == "blank":
             continue
         left = source[match.start() - 1 : match.start()].isspace()
@@ -129,21 +120,13 @@ def changed_integer(text):
 
 def format_changes(text):
     """One descriptor's width and one literal character of a FORMAT: (offset, old, new)."""
-    literal, widths, letters = False, [], []
-    i = 1
-    while i < len(text) - 1:
-        c = text[i]
-        if c == "'":
-            literal = not literal
-        elif literal and c.isalpha() and text[i - 1] != "\\":
-            letters.append(i)
-        elif not literal:
-            match = re.compile(r"[aief](\d+)|(\d+)x").match(text, i)
-            if match and not text[i - 1].isalpha():
-                group = 1 if match.group(1) else 2
-                widths.append((match.start(group), match.group(group)))
-                i = match.end() - 1
-        i += 1
+    widths, letters = [], []
+    for match in formats.DESCRIPTOR.finditer(text):
+        number = "width" if match["letter"] else "count" if match["blanks"] else None
+        if number and match[number]:
+            widths.append((match.start(number), match[number]))
+        start, end = match.span("quoted")
+        letters += [i for i in range(start, end) if text[i].isalpha() and text[i - 1] != "\\"]
     changes = []
     # Which one is chosen by the text itself, so that all kinds of them come up.
     choice = int(hashlib.sha1(text.encode()).hexdigest(), 16)

@@ -1,5 +1,17 @@
 # Installs Debian packages that are missing; sourced by the other scripts.
 
+# take_no_install ARGUMENT...: understands --no-install as the only argument; ends the script on any other.
+take_no_install() {
+    case $* in
+    '') ;;
+    --no-install) install_missing() { :; } ;;
+    *)
+        echo "usage: $0 [--no-install]" >&2
+        exit 2
+        ;;
+    esac
+}
+
 # install_missing PACKAGE...: needs root or sudo only when something is missing.
 install_missing() {
     local missing=() package

@@ -1,6 +1,7 @@
 #include "run/identification.hpp"
 
 #include "run/build_date.hpp"
+#include "run/program_version.hpp"
 
 #include <string>
 
@@ -19,7 +20,7 @@ Identification identification() {
     Identification texts;
     texts.program_name.assign("Korvat");
     texts.program_description.assign("Structure/Pile/Soil Interaction Analysis");
-    texts.version.assign("7.6.0.81");
+    texts.version.assign(program_version());
     texts.release_date = release_date_text(build_date());
     return texts;
 }

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstddef>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -145,6 +146,7 @@ TEST(RandomGroups, AreDividedAndPlacedAsTheirDecksSay) {
         if (HasFailure()) return;
     }
     EXPECT_GT(mirrored, 100);
+    std::cout << "groups: " << groups + mirrored << "\n";
 }
 
 } // namespace

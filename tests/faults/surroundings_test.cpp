@@ -62,6 +62,7 @@ TEST(FullDevice, IsToldForALogOnStandardOutput) {
         EXPECT_EQ(files_not_written(run),
                   (std::map<std::string, std::string>{{"standard output", no_space}}));
     }
+    show_cases(2);
 }
 
 // Standard output is nothing of the program's while the log has a file.
@@ -144,6 +145,7 @@ TEST(ReadOnlyFileSystem, RefusesTheRunAndStaysAsItIs) {
         expect_refusal_of_directory(run);
         EXPECT_EQ(run.files, before);
     }
+    show_cases(2);
 }
 
 TEST(ReadOnlyDirectory, RefusesTheRunAndStaysAsItIs) {

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvat::test {
 
@@ -27,12 +28,16 @@ protected:
     // The bytes that one write statement makes of a new file.
     template <typename... Items>
     std::string written(std::string_view format, const Items&... items) {
+        return written_with(format, {fortran::Item(items)...});
+    }
+
+    std::string written_with(std::string_view format, const std::vector<fortran::Item>& items) {
         constexpr int unit = 20;
         directory.write_file("written", "");
         if (runtime().open(unit, "written", fortran::OpenStatus::old_file) != 0) {
             throw std::runtime_error("cannot open the file to be written");
         }
-        runtime().write(unit, format, items...);
+        runtime().write_items(unit, format, items);
         runtime().close(unit);
         return directory.read_file("written");
     }

@@ -11,9 +11,6 @@
 
 namespace korvat::test {
 
-// Every FORMAT of the program; its source is made by list_formats.py.
-[[nodiscard]] std::span<const std::string_view> source_formats();
-
 // One step of a FORMAT with its repeat counts written out.
 struct FormatStep {
     char kind;       // ' text, x blanks, / line end, p scale factor; a, i, f, e take an item

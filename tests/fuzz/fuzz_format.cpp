@@ -4,6 +4,8 @@
 #include "require.hpp"
 #include "scratch.hpp"
 
+#include "support/source_formats.hpp"
+
 #include "fortran/internal_write.hpp"
 #include "fortran/runtime.hpp"
 
@@ -21,8 +23,8 @@ constexpr int unit = 20;
 
 std::vector<ParsedFormat> parse_all() {
     std::vector<ParsedFormat> parsed;
-    for (const std::string_view format : source_formats())
-        parsed.push_back(parsed_format(format));
+    for (const SourceFormat& format : source_formats())
+        parsed.push_back(parsed_format(format.text));
     return parsed;
 }
 
@@ -84,7 +86,7 @@ void check_text(const ParsedFormat& parsed, std::string_view format, const Items
 
 void check_format(Bytes& bytes, std::size_t number) {
     static const std::vector<ParsedFormat> all = parse_all();
-    const std::string_view format = source_formats()[number];
+    const std::string_view format = source_formats()[number].text;
     // One pass, or fewer items, or more, which go through the FORMAT again.
     const std::size_t choice = bytes.take_byte();
     std::size_t count = all[number].item_count();

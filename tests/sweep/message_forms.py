@@ -5,34 +5,23 @@ Standard output, in the layout that message_forms.hpp describes.
 """
 import pathlib
 import re
+import sys
 
-SRC = pathlib.Path(__file__).resolve().parent.parent.parent / "src"
-STRING = re.compile(r'"(\((?:[^"\\]|\\.)*\))"')
-PIECE = re.compile(r"'((?:[^']|'')*)'|(\d*)([iefa])(\d+)(?:\.\d+)?|(\d+)x|(/)|(,)")
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+import formats
+
 MARK = " **** "
 # The one message that is not one FORMAT: its text, and the places that give it a section's name.
-BLANK_LINE = re.compile(r'"( \*\*\*\* [^"]* NO BLANK LINE [^"]*)"')
+BLANK_LINE = " NO BLANK LINE "
 SECTION = re.compile(r'require_blank_line\("([^"]*)"\)')
+STOP = re.compile(r"fortran::stop\(\);")
 
 
 def lines_of(text):
     """The lines of a message: literal characters, and for each item its descriptor in braces."""
-    body, out, position = text[1:-1], "", 0
-    while position < len(body):
-        match = PIECE.match(body, position)
-        if not match:
-            raise SystemExit(f"message_forms.py: cannot read the FORMAT {text} at column {position + 2}")
-        literal, repeat, letter, width, blanks, slash, _ = match.groups()
-        if literal is not None:
-            out += literal.replace("''", "'")
-        elif letter:
-            out += f"{{{letter}{width}}}" * int(repeat or 1)
-        elif blanks:
-            out += " " * int(blanks)
-        elif slash:
-            out += "\n"
-        position = match.end()
-    return out.split("\n")
+    shown = {"text": lambda piece: piece.text, "item": lambda piece: f"{{{piece.letter}{piece.width}}}", "end": lambda _: "\n"}
+    return "".join(shown[piece.kind](piece) for piece in formats.pieces(text)).split("\n")
 
 
 def show(kind, lines):
@@ -42,31 +31,28 @@ def show(kind, lines):
 
 
 def show_blank_line_messages(sources):
-    text = "".join(path.read_text() for path in sources)
-    for start in BLANK_LINE.findall(text):
+    text = "".join(sources)
+    starts = [literal.text for literal in formats.literals(text) if literal.text.startswith(MARK) and BLANK_LINE in literal.text]
+    for start in starts:
         for name in SECTION.findall(text):
             show("message", [f'{start}"{name}"', " {a80}"])
 
 
 def main():
-    sources = sorted(SRC.rglob("*.cpp"))
-    show_blank_line_messages(sources)
-    for path in sources:
-        text = path.read_text()
-        stops = [match.start() for match in re.finditer(r"fortran::stop\(\);", text)]
-        for match in STRING.finditer(text):
-            if MARK not in match.group(1):
-                continue
-            lines = lines_of(match.group(1).replace('\\"', '"'))
+    sources = [(path, source) for path, source in formats.sources() if path.suffix == ".cpp"]
+    show_blank_line_messages([source for _, source in sources])
+    for path, source in sources:
+        errors = [literal for literal in formats.literals(source) if literal.is_format() and MARK in literal.text]
+        stops = [match.start() for match in STOP.finditer(source)]
+        for i, error in enumerate(errors):
+            lines = lines_of(error.text)
             while not lines[0]:
                 del lines[0]
             # The capacity checks write to unit 0, standard error.
             show("console" if path.name == "capacity_check.cpp" else "message", lines)
             # The last message in front of a stop is the one that a stopped run ends with.
-            following = [stop for stop in stops if stop > match.start()]
-            if following and not any(
-                MARK in other.group(1) for other in STRING.finditer(text, match.end(), following[0])
-            ):
+            end = errors[i + 1].position if i + 1 < len(errors) else len(source)
+            if any(error.position < stop < end for stop in stops):
                 show("stop", lines)
 
 
