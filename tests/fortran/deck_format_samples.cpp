@@ -8,8 +8,11 @@ using fortran::characters;
 FormatSamples deck_format_samples() {
     return {
         // Termination
-        {"readpi.cpp", "Error termination of KORVAT", {}, "\n **** Error termination of KORVAT\n"},
-        {"readpi.cpp",
+        {"section_reader.cpp",
+         "Error termination of KORVAT",
+         {},
+         "\n **** Error termination of KORVAT\n"},
+        {"readpi_cross_sections.cpp",
          "Program revision number > 5",
          {},
          "\n **** SR/READPI : Program revision number > 5\n"},
