@@ -14,7 +14,8 @@ constexpr int longest_f_text = 63;
 // The runtime has limits beyond which it writes outside its tables: of the length of the text under
 // f, and of the value under e.
 bool can_be_printed(double value, const EditDescriptor& edit) {
-    if (edit.letter != 'f') return std::isfinite(value);
+    if (!std::isfinite(value)) return false;
+    if (edit.letter != 'f') return true;
     const bool is_short = std::fabs(value) < 1.0e15 && edit.width < 32 && edit.digits < 32;
     return is_short ||
            std::snprintf(nullptr, 0, "%*.*f", edit.width, edit.digits, value) <= longest_f_text;
@@ -33,14 +34,23 @@ bool agrees(const Item& item, const EditDescriptor& edit) {
     return false;
 }
 
+// What the runtime prints under f, where its C library has a sign for nan; not every library has.
+std::string not_finite_text(double value, std::size_t width) {
+    std::string text = std::signbit(value) ? "-" : "";
+    text += std::isnan(value) ? "nan" : "inf";
+    if (text.size() < width) text.insert(0, width - text.size(), ' ');
+    return text;
+}
+
 void put_real(fem::write_loop& loop, double value, const EditDescriptor& edit) {
     if (can_be_printed(value, edit)) {
         loop, value;
         return;
     }
-    // A text under a real's descriptor is written as it is.
-    const std::string asterisks(static_cast<std::size_t>(edit.width), '*');
-    loop, as_fem(asterisks);
+    const auto width = static_cast<std::size_t>(edit.width);
+    const bool is_named = edit.letter == 'f' && !std::isfinite(value);
+    const std::string text = is_named ? not_finite_text(value, width) : std::string(width, '*');
+    loop, as_fem(text); // a text under a real's descriptor is written as it is
 }
 
 void put(fem::write_loop& loop, const Item& item, const EditDescriptor& edit) {

@@ -1,13 +1,16 @@
 #include "run/stream_writer.hpp"
 
 #include <cerrno>
-#include <stdexcept>
+#include <system_error>
 
 namespace VESKA::TolvanCommonLibrary::IO {
 
-StreamWriter::StreamWriter(const std::string& file_name)
-    : stream_(file_name, std::ios::binary | std::ios::trunc) {
-    if (!stream_) throw std::runtime_error("Cannot open file : " + file_name);
+StreamWriter::StreamWriter(const std::string& file_name) {
+    errno = 0;
+    stream_.open(file_name, std::ios::binary | std::ios::trunc);
+    if (stream_) return;
+    const int error = errno != 0 ? errno : EIO;
+    throw std::system_error(error, std::generic_category(), "Cannot open file : " + file_name);
 }
 
 void StreamWriter::NoteFailure() {

@@ -12,7 +12,7 @@ namespace VESKA::TolvanCommonLibrary::IO {
 // A file, created, or emptied when it exists; closed when the writer is destroyed.
 class StreamWriter : public IStreamWriter {
 public:
-    // Raises std::runtime_error when the file cannot be opened.
+    // Raises std::system_error when the file cannot be opened.
     explicit StreamWriter(const std::string& file_name);
 
     void Write(std::span<const char> bytes) override;
