@@ -67,7 +67,8 @@ struct Runtime::State {
     void note_fault(const fem::io_unit& unit, int error) {
         if (unit.number == standard_error_unit) return;
         faulty_units.insert(unit.number);
-        note_fault(unit.file_name.empty() ? "standard output" : unit.file_name, error);
+        note_fault(unit.file_name.empty() ? std::string(standard_output_name) : unit.file_name,
+                   error);
     }
 
     void check(const Connection& connection) {
@@ -158,6 +159,7 @@ struct Runtime::State {
     LastRecord last_record;
     std::map<int, Connection> connections; // of the units that have been read or written
     Connection* last_connection = nullptr; // most calls go to the unit of the one before
+    int open_error = 0;
     std::set<int> written_units;
     std::set<int> faulty_units;
     std::vector<WriteFault> write_faults;
@@ -188,14 +190,21 @@ int Runtime::open(int unit, std::string_view file, OpenStatus status) {
     opened.form = fem::io_unit::fm_formatted;
     opened.access = fem::io_unit::ac_sequential;
     int iostat = 0; // the runtime stores a failure only
+    errno = 0;
     opened.open(&iostat);
     if (iostat == 0) return 0;
+    // The runtime refuses by itself, without a call that fails, to make a file that is there.
+    state_->open_error = errno != 0 ? errno : EEXIST;
     // The failed unit stays in the runtime's table without a file, and its next use would crash.
     io.units.erase(unit);
     if (unit == message_log_unit) {
         io.units.insert(std::make_pair(unit, fem::io_unit(unit, "", fem::std_file(stdout))));
     }
     return iostat;
+}
+
+int Runtime::open_error() const {
+    return state_->open_error;
 }
 
 // Closes the stream of a unit, which then has none; a standard stream is flushed only.

@@ -16,6 +16,9 @@ namespace korvat::fortran {
 
 enum class OpenStatus { old_file, new_file };
 
+// The file of unit 6 while no file is open on it.
+inline constexpr std::string_view standard_output_name = "standard output";
+
 // A file that could not be written whole.
 struct WriteFault {
     std::string file;
@@ -43,6 +46,9 @@ public:
     // 1 when it cannot be opened (old_file: it does not exist; new_file: it exists already). After
     // a failure unit 6 is standard output again, any other unit is unconnected.
     [[nodiscard]] int open(int unit, std::string_view file, OpenStatus status);
+
+    // The system's error number (errno) of the open that failed last.
+    [[nodiscard]] int open_error() const;
 
     // Closes the unit; closing an unconnected one does nothing. The I/O status is always 0.
     int close(int unit);

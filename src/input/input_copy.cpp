@@ -11,6 +11,10 @@ bool is_comment(std::string_view line) {
     return line.front() == '*' || line.front() == 'C' || line.front() == 'c';
 }
 
+bool has_text(std::string_view line) {
+    return line.find_first_not_of(" \t\r") != std::string_view::npos;
+}
+
 // Copies the lines; deck_end receives the number of the last line tried, the one that ended it.
 ReadStatus copy_lines(Store& cmn, int NFR, int NFW) {
     fortran::Text<120> line;
@@ -22,6 +26,9 @@ ReadStatus copy_lines(Store& cmn, int NFR, int NFW) {
         if (number > 1 && is_comment(line.view())) continue;
         cmn.runtime.write(NFW, "(a120)", line);
         cmn.report.deck_lines.push_back(number);
+        if (has_text(line.view())) {
+            cmn.report.text_lines.push_back(static_cast<int>(cmn.report.deck_lines.size()));
+        }
     }
 }
 

@@ -9,8 +9,8 @@ namespace korvat::platform {
 // Removes a file; false when there is none or it cannot be removed.
 bool remove_file(const std::string& name);
 
-// Gives a file another name; false when there is none or it cannot be renamed.
-bool rename_file(const std::string& from, const std::string& to);
+// Gives a file another name. 0, or the system's error number (errno).
+int rename_file(const std::string& from, const std::string& to);
 
 // Whether there is a file of this name.
 [[nodiscard]] bool file_exists(const std::string& name);

@@ -18,9 +18,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <new>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace korvat {
@@ -48,13 +49,32 @@ void write_start_stamp(Store& cmn, int unit, TimeFields& ITIME) {
     time_stamp(cmn, started, unit, no_unit, seconds, ITIME);
 }
 
-// Keeps one backup generation and opens the file anew. A failure to remove or rename is ignored.
+void warn(Store& cmn, const DeckPlace& place, std::string text) {
+    cmn.report.warnings.push_back({std::move(text), place});
+}
+
+// Where something stands in the place of an output, it is not of this run.
+void warn_of_unopened(Store& cmn, const std::string& name, const std::string& reason, bool stands) {
+    const char* const rest = stands ? "; what stands there is of an earlier run" : "";
+    warn(cmn, {}, "cannot open " + name + ": " + reason + rest);
+}
+
+// Keeps one backup generation and opens the file anew. A failure to remove or rename is ignored: what
+// is in the way then keeps the file from being opened.
 int open_with_backup(Store& cmn, int unit, const std::string& name) {
     const std::string backup = name + ".bak";
     platform::remove_file(backup);
-    platform::rename_file(name, backup);
+    const int rename_error = platform::rename_file(name, backup);
+    const bool stands = platform::file_exists(name);
     const int error = cmn.runtime.open(unit, name, OpenStatus::new_file);
-    if (error == 0) cmn.report.outputs.push_back(name);
+    if (error == 0) {
+        cmn.report.outputs.push_back(name);
+    } else if (stands && rename_error != 0) {
+        const std::string reason = platform::error_text(rename_error);
+        warn_of_unopened(cmn, name, "cannot rename it to " + backup + ": " + reason, stands);
+    } else {
+        warn_of_unopened(cmn, name, platform::error_text(cmn.runtime.open_error()), stands);
+    }
     return error;
 }
 
@@ -80,14 +100,15 @@ bool fail(Run& run, std::string_view format) {
 
 // A record file that cannot be created is reported, and its records are discarded.
 RecordFile create_record_file(Run& run, const std::string& name, std::string_view format) {
+    Store& cmn = run.cmn;
+    const bool stands = platform::file_exists(name);
     try {
         RecordFile file = open_record_file(name);
-        run.cmn.report.outputs.push_back(name);
+        cmn.report.outputs.push_back(name);
         return file;
-    } catch (const std::bad_alloc&) {
-        throw; // says nothing of the file
-    } catch (const std::exception&) {
-        run.cmn.runtime.write(run.cmn.NF6, format, run.cmn.IERR);
+    } catch (const std::system_error& error) {
+        cmn.runtime.write(cmn.NF6, format, cmn.IERR);
+        warn_of_unopened(cmn, name, platform::error_text(error.code().value()), stands);
         return {};
     }
 }
@@ -192,6 +213,9 @@ bool save_loads(Run& run) {
     Store& cmn = run.cmn;
     if (cmn.NUMLOD < 1) {
         cmn.runtime.write(cmn.NF6, "(' +++++ NO LOAD VECTOR WAS GIVEN',/,' ')");
+        if (platform::file_exists("LOAD.09")) {
+            warn(cmn, {}, "LOAD.09 is of an earlier run: the deck has no load vectors");
+        }
         return true;
     }
     run.steps.loads(cmn, *run.load_file);
@@ -231,6 +255,19 @@ void close_run(Run& run) {
     close_pile_file(run);
 }
 
+// The lines of the deck that have text and that no reader has come to.
+void warn_of_unread_lines(Store& cmn) {
+    const std::vector<int>& lines = cmn.report.text_lines;
+    const auto first = std::ranges::upper_bound(lines, cmn.NLINE);
+    const auto count = lines.end() - first;
+    if (count == 0) return;
+    const std::string stand = count == 1
+                                  ? "1 line that is not blank stands"
+                                  : std::to_string(count) + " lines that are not blank stand";
+    warn(cmn, {.line = *first},
+         stand + " between the last line read and END" + (count == 1 ? "" : "; this is the first"));
+}
+
 bool run_steps(Run& run) {
     if (!open_files(run)) return false;
     if (!read_input(run)) return false;
@@ -239,7 +276,9 @@ bool run_steps(Run& run) {
     if (!print_listing(run)) return false;
     draw_sketch(run);
     if (!save_piles(run)) return false;
-    return save_loads(run);
+    if (!save_loads(run)) return false;
+    warn_of_unread_lines(run.cmn);
+    return true;
 }
 
 } // namespace

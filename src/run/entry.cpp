@@ -4,6 +4,7 @@
 #include "run/contrl.hpp"
 #include "run/report.hpp"
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 #include <new>
@@ -30,13 +31,20 @@ int run_driver(Store& cmn, std::string& exception) {
     return exception_escaped;
 }
 
+// Standard output, where the log goes that cannot be made, is not an output that was asked for.
+bool is_output(const fortran::WriteFault& fault) {
+    return fault.file != fortran::standard_output_name;
+}
+
 RunEnd run_on_fresh_store(int argc, const char* const* argv) {
     const auto cmn = std::make_unique<Store>(argc, argv);
     std::string exception;
     RunEnd end{.exit_code = run_driver(*cmn, exception)};
     const std::vector<fortran::WriteFault> lost = close_outputs(*cmn);
-    if (!lost.empty()) end.exit_code = output_lost;
-    if (end.exit_code != 0) end.report = run_report(cmn->report, lost, exception);
+    if (end.exit_code == 0 && std::ranges::any_of(lost, is_output)) end.exit_code = output_lost;
+    end.report = argument_warning(argc, argv);
+    end.report += end.exit_code == 0 ? warning_report(cmn->report, lost)
+                                     : failure_report(cmn->report, lost, exception);
     return end;
 }
 

@@ -8,7 +8,7 @@
 namespace korvat {
 
 // Creates the stream of a record file on disk and opens the record file on it. Raises
-// std::runtime_error when the file cannot be opened.
+// std::system_error when the file cannot be opened.
 [[nodiscard]] RecordFile open_record_file(const std::string& file_name);
 
 } // namespace korvat

@@ -29,9 +29,8 @@ std::string_view stripped(std::string_view line) {
     return fortran::trimmed(line.substr(first));
 }
 
-// The lines of a message as one, without the mark in front.
+// The lines of a message as one, without the mark of an error or a warning in front.
 std::string one_line(std::string_view message) {
-    constexpr std::string_view mark = "**** ";
     std::string text;
     while (!message.empty()) {
         const std::size_t end = std::min(message.find('\n'), message.size());
@@ -42,7 +41,9 @@ std::string one_line(std::string_view message) {
         }
         message.remove_prefix(std::min(end + 1, message.size()));
     }
-    if (text.starts_with(mark)) text.erase(0, mark.size());
+    for (const std::string_view mark : {"**** ", "WARNING FROM "}) {
+        if (text.starts_with(mark)) text.erase(0, mark.size());
+    }
     std::ranges::replace_if(text, is_control, '?');
     return text;
 }
@@ -99,8 +100,8 @@ void tell_fault(const Report& run, std::string& report) {
 
 } // namespace
 
-std::string run_report(const Report& run, const std::vector<fortran::WriteFault>& lost,
-                       std::string_view exception) {
+std::string failure_report(const Report& run, const std::vector<fortran::WriteFault>& lost,
+                           std::string_view exception) {
     std::string report;
     if (!run.fault.message.empty()) tell_fault(run, report);
     for (const fortran::WriteFault& fault : lost) {
@@ -109,6 +110,30 @@ std::string run_report(const Report& run, const std::vector<fortran::WriteFault>
     }
     if (report.empty()) report = "korvat: " + one_line(exception) + "\n";
     return report;
+}
+
+std::string warning_report(const Report& run, const std::vector<fortran::WriteFault>& lost) {
+    std::string report;
+    for (const Warning& warning : run.warnings) {
+        const int number = deck_line_number(run, warning.place.line);
+        report += "korvat: ";
+        if (number > 0) report += "KORVAT.INP:" + std::to_string(number) + ": ";
+        report += "warning: " + one_line(warning.text) + "\n";
+    }
+    for (const fortran::WriteFault& fault : lost) {
+        report += "korvat: warning: cannot write " + fault.file + ": " +
+                  platform::error_text(fault.error) + "\n";
+    }
+    return report;
+}
+
+std::string argument_warning(int argc, const char* const* argv) {
+    const auto is_unused = [](std::string_view argument) {
+        return !argument.starts_with("--fem-dynamic-parameters");
+    };
+    if (argc < 2 || std::none_of(argv + 1, argv + argc, is_unused)) return "";
+    return "korvat: warning: arguments are not used; the deck is always KORVAT.INP in the current "
+           "directory\n";
 }
 
 } // namespace korvat

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <stdexcept>
+#include <system_error>
 
 namespace VESKA::TolvanCommonLibrary::IO {
 namespace {
@@ -13,9 +13,12 @@ constexpr std::size_t buffer_size = 65536;
 } // namespace
 
 StreamWriter::StreamWriter(const std::string& file_name)
-    : stream_(file_name, std::ios::binary | std::ios::trunc) {
-    if (!stream_) throw std::runtime_error("Cannot open file : " + file_name);
-    buffer_ = std::make_unique_for_overwrite<char[]>(buffer_size);
+    : buffer_(std::make_unique_for_overwrite<char[]>(buffer_size)) {
+    errno = 0;
+    stream_.open(file_name, std::ios::binary | std::ios::trunc);
+    if (stream_) return;
+    const int error = errno != 0 ? errno : EIO;
+    throw std::system_error(error, std::generic_category(), "Cannot open file : " + file_name);
 }
 
 StreamWriter::~StreamWriter() {

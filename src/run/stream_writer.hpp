@@ -15,7 +15,7 @@ namespace VESKA::TolvanCommonLibrary::IO {
 // in few, large writes.
 class StreamWriter : public IStreamWriter {
 public:
-    // Raises std::runtime_error when the file cannot be opened.
+    // Raises std::system_error when the file cannot be opened.
     explicit StreamWriter(const std::string& file_name);
 
     ~StreamWriter() override;

@@ -32,7 +32,7 @@ protected:
                                        tree.path() / "scripts" / name);
         }
         for (const char* const name :
-             {"run-smallest-deck", "readpi-numpil-above", "run-log-not-opened"}) {
+             {"run-smallest-deck", "readpi-numpil-above", "run-log-not-opened-on-posix"}) {
             std::filesystem::copy(cases_of_tree / name, cases / name,
                                   std::filesystem::copy_options::recursive);
         }
@@ -128,11 +128,13 @@ TEST_F(NewCase, TakesADeckOfItsAuthor) {
 }
 
 TEST_F(NewCase, TakesOverWhatStandsInTheWay) {
-    expect_laid_out("run-log-elsewhere --from run-log-not-opened");
+    expect_laid_out("run-log-elsewhere --from run-log-not-opened-on-posix");
     EXPECT_EQ(names("run-log-elsewhere"),
               (Names{"KORVAT.INP", "about.txt", "directories", "expected"}));
-    EXPECT_EQ(names("run-log-elsewhere/expected"), (Names{"run", "standard-output"}));
-    EXPECT_EQ(text("run-log-elsewhere/expected/run"), text("run-log-not-opened/expected/run"));
+    EXPECT_EQ(names("run-log-elsewhere/expected"),
+              (Names{"run", "standard-error", "standard-output"}));
+    EXPECT_EQ(text("run-log-elsewhere/expected/run"),
+              text("run-log-not-opened-on-posix/expected/run"));
 }
 
 TEST_F(NewCase, RefusesWhatMakesNoCase) {

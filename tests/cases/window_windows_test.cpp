@@ -2,6 +2,7 @@
 #include <winsock2.h>
 
 #include "../support/case.hpp"
+#include "../support/expected_page.hpp"
 #include "../support/process_windows.hpp"
 #include "../support/scratch_directory.hpp"
 
@@ -171,6 +172,33 @@ TEST_F(OnTheDesktop, TheIdentificationPageTellsOfTheSystem) {
     if (numbers.empty()) numbers.push_back("0000000000");
     const std::string found = page_value(log, "CPU id           : ");
     EXPECT_NE(std::find(numbers.begin(), numbers.end(), found), numbers.end()) << found;
+
+    // With these, every line of the page, release date and access time among them.
+    const HostFacts host = {.user = "A user with a name beyond 20",
+                            .computer = narrow(computer),
+                            .processor = "8664, " + std::to_string(processors) + " cores",
+                            .operating_system = system,
+                            .host_number = found};
+    const std::vector<std::string> page = page_of_log(log);
+    ASSERT_EQ(page.size(), 40U);
+    EXPECT_EQ(std::vector<std::string>(page.begin() + 12, page.end()), expected_page(log, host));
+}
+
+// A program that a desktop starts has no standard output, where a log goes that cannot be made.
+TEST_F(OnTheDesktop, ABlockedLogLeavesTheExitCode) {
+    copy_deck(std::filesystem::path(KORVAT_EXAMPLES_DIR) / "jacket");
+    directory.write_file("KORVAT.MLG", "earlier");
+    std::filesystem::create_directories(directory.path() / "KORVAT.MLG.bak" / "held");
+    const auto error = streams.path() / "error";
+    EXPECT_EQ(Process(KORVAT_PROGRAM, directory.path(), {}, error).exit_code(), 0U);
+    const std::string told = streams.read_file("error");
+    EXPECT_TRUE(told.starts_with("korvat: warning: cannot open KORVAT.MLG: cannot rename it to "
+                                 "KORVAT.MLG.bak: "))
+        << told;
+    EXPECT_NE(told.find("korvat: warning: cannot write standard output: "), std::string::npos)
+        << told;
+    EXPECT_GT(directory.read_file("PILE.07").size(), 1000U);
+    EXPECT_EQ(directory.read_file("KORVAT.MLG"), "earlier");
 }
 
 TEST_F(OnTheDesktop, RunsInAFolderWithBlanksAndOtherLetters) {

@@ -35,8 +35,9 @@ TEST(FaultShim, CountsEveryCallOfItsKinds) {
     EXPECT_EQ(run.count(Call::rename), 3U);
     // Their backups; the copy of the deck, before it is made and at the end.
     EXPECT_EQ(run.count(Call::remove), 5U);
-    // Before the opening: log, deck, listing, plot file and copy; at the end: five outputs.
-    EXPECT_EQ(run.count(Call::status), 10U);
+    // Before the opening: log, deck, listing, plot file and copy, and whether something stands in the
+    // places of the five outputs; at the end: five outputs.
+    EXPECT_EQ(run.count(Call::status), 15U);
     // The first line of listing, plot file and copy; the log is never cut.
     EXPECT_EQ(run.count(Call::truncate), 3U);
     // The directory, the one above it, deck, outputs, copy, and the end.

@@ -28,6 +28,10 @@ void block_log(const Workplace& place) {
     std::filesystem::create_directories(place.path() / "KORVAT.MLG.bak" / "not empty");
 }
 
+const std::string log_blocked =
+    "korvat: warning: cannot open KORVAT.MLG: cannot rename it to KORVAT.MLG.bak: Is a directory; "
+    "what stands there is of an earlier run\n";
+
 TEST(FullDevice, IsToldForEachFileOnIt) {
     using Names = std::vector<std::string>;
     std::uint64_t cases = 0;
@@ -53,16 +57,35 @@ TEST(FullDevice, IsToldForEachFileOnIt) {
     show_cases(cases);
 }
 
+// Standard output is no output that was asked for: the exit code is that of the steps.
 TEST(FullDevice, IsToldForALogOnStandardOutput) {
-    for (const std::string& deck : {accepted_deck(), refused_deck()}) {
-        const Workplace place(deck);
-        block_log(place);
-        const Outcome run = place.run({.standard_output = full_device});
-        EXPECT_EQ(run.exit_code, 255);
-        EXPECT_EQ(files_not_written(run),
-                  (std::map<std::string, std::string>{{"standard output", no_space}}));
-    }
+    const Workplace place(accepted_deck());
+    block_log(place);
+    const Outcome run = place.run({.standard_output = full_device});
+    EXPECT_EQ(run.exit_code, 0);
+    EXPECT_EQ(run.standard_error,
+              log_blocked + "korvat: warning: cannot write standard output: " + no_space + "\n");
+
+    const Workplace other(refused_deck());
+    block_log(other);
+    const Outcome refused = other.run({.standard_output = full_device});
+    EXPECT_EQ(refused.exit_code, 1);
+    EXPECT_EQ(files_not_written(refused),
+              (std::map<std::string, std::string>{{"standard output", no_space}}));
     show_cases(2);
+}
+
+// A lost output does not take the place of the code of the step that failed.
+TEST(FullDevice, LeavesTheCodeOfARefusedDeck) {
+    const Workplace place(refused_deck());
+    for (const char* const name : {"PILE.07", "LOAD.09"})
+        std::filesystem::create_symlink(full_device, place.path() / name);
+    const Outcome run = place.run();
+    EXPECT_EQ(run.exit_code, 1);
+    EXPECT_EQ(files_not_written(run),
+              (std::map<std::string, std::string>{{"PILE.07", no_space}, {"LOAD.09", no_space}}));
+    EXPECT_TRUE(run.standard_error.starts_with("korvat: KORVAT.INP:")) << run.standard_error;
+    show_cases(1);
 }
 
 // Standard output is nothing of the program's while the log has a file.
@@ -171,11 +194,14 @@ TEST(RemovedDirectory, IsToldWheneverItGoes) {
             SCOPED_TRACE("call " + std::to_string(fault.at));
             EXPECT_TRUE(run.files.empty());
             const auto told = files_not_written(run);
-            // Before anything was made the deck itself is missed.
-            EXPECT_EQ(run.exit_code, told.empty() ? 1 : 255) << run.standard_error;
-            const bool deck_is_missed = run.standard_error.starts_with(
-                "korvat: KORVAT.INP: SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n");
-            EXPECT_TRUE(!told.empty() || deck_is_missed) << run.standard_error;
+            // The deck is missed, or the listing cannot be made, before anything else goes wrong.
+            const bool is_refused =
+                run.standard_error.starts_with(
+                    "korvat: KORVAT.INP: SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n") ||
+                run.standard_error.starts_with(
+                    "korvat: KORVAT.LIS: SR/CONTRL  FILE KORVAT.LIS OPEN PROBLEM  IERR=    1\n");
+            EXPECT_EQ(run.exit_code, is_refused ? 1 : 255) << run.standard_error;
+            EXPECT_TRUE(!told.empty() || is_refused) << run.standard_error;
             for (const auto& [name, reason] : told)
                 EXPECT_EQ(reason, std::strerror(ENOENT)) << name;
         }
@@ -203,12 +229,15 @@ TEST(ClosedStreams, LeaveTheFilesAsTheyAre) {
 }
 
 TEST(ClosedStreams, AreToldWhenTheLogShouldGoThere) {
+    const Outcome undisturbed = undisturbed_run();
     const Workplace place(accepted_deck());
     block_log(place);
     const Outcome run = place.run({.closed = {false, true, false}});
-    EXPECT_EQ(run.exit_code, 255);
-    EXPECT_EQ(files_not_written(run),
-              (std::map<std::string, std::string>{{"standard output", std::strerror(EBADF)}}));
+    EXPECT_EQ(run.exit_code, 0);
+    EXPECT_EQ(run.standard_error, log_blocked + "korvat: warning: cannot write standard output: " +
+                                      std::strerror(EBADF) + "\n");
+    for (const char* const name : {"PILE.07", "LOAD.09", "PILEPLOT.TXT"})
+        EXPECT_EQ(run.files.at(name), undisturbed.files.at(name)) << name;
 }
 
 } // namespace

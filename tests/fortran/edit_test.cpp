@@ -87,6 +87,8 @@ TEST_F(Edit, WhatIsNotFiniteIsNamedUnderF) {
     EXPECT_EQ(written("(f12.4,'|')", std::copysign(not_a_number, 1.0)), "         nan|\n");
     EXPECT_EQ(written("(f12.4,'|')", std::copysign(not_a_number, -1.0)), "        -nan|\n");
     EXPECT_EQ(written("(i5,2f7.3,i4)", 1, -infinity, 0.5, 2), "    1   -inf  0.500   2\n");
+    // Too wide for its field.
+    EXPECT_EQ(written("(f3.1,'|')", -infinity), "-inf|\n");
 }
 
 TEST_F(Edit, WhatIsNotFiniteBecomesAsterisksUnderE) {

@@ -4,6 +4,7 @@
 #include "support/scratch_directory.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -44,23 +45,23 @@ TEST_F(Files, AFilledDirectoryIsNotRemoved) {
 
 TEST_F(Files, RenameKeepsTheContent) {
     directory.write_file("a", "content");
-    EXPECT_TRUE(platform::rename_file(path("a"), path("b")));
+    EXPECT_EQ(platform::rename_file(path("a"), path("b")), 0);
     EXPECT_EQ(directory.list(), Names{"b"});
     EXPECT_EQ(directory.read_file("b"), "content");
 }
 
 TEST_F(Files, RenameFailsWithoutTheFile) {
     directory.write_file("b", "content");
-    EXPECT_FALSE(platform::rename_file(path("a"), path("b")));
+    EXPECT_NE(platform::rename_file(path("a"), path("b")), 0);
     EXPECT_EQ(directory.read_file("b"), "content");
-    EXPECT_FALSE(platform::rename_file(path("b"), path("nowhere/b")));
+    EXPECT_EQ(platform::rename_file(path("b"), path("nowhere/b")), ENOENT);
     EXPECT_EQ(directory.list(), Names{"b"});
 }
 
 TEST_F(Files, RenameDoesNotReplaceAFilledDirectory) {
     directory.write_file("a", "content");
     std::filesystem::create_directories(path("b/inside"));
-    EXPECT_FALSE(platform::rename_file(path("a"), path("b")));
+    EXPECT_NE(platform::rename_file(path("a"), path("b")), 0);
     EXPECT_EQ(directory.list(), (Names{"a", "b"}));
 }
 

@@ -3,6 +3,7 @@
 
 #include "run/entry.hpp"
 #include "run/run_fixture.hpp"
+#include "support/import_windows.hpp"
 #include "support/process_windows.hpp"
 
 #include <string>
@@ -45,11 +46,54 @@ TEST(TaskbarButton, HasItsClass) {
     found.cbSize = sizeof found;
     ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), class_name, &found));
     EXPECT_EQ(found.style, 0x20000U); // drop shadow
+    EXPECT_EQ(found.lpfnWndProc, DefWindowProcW);
     EXPECT_EQ(found.hCursor, LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)));
     EXPECT_EQ(found.hbrBackground, GetStockObject(WHITE_BRUSH));
     EXPECT_EQ(found.cbClsExtra, 0);
     EXPECT_EQ(found.cbWndExtra, 0);
     EXPECT_EQ(found.lpszMenuName, nullptr);
+}
+
+// The tests' program has the resources of the program itself.
+TEST(TaskbarButton, HasTheIcon101) {
+    const auto button = platform::show_taskbar_button();
+    WNDCLASSEXW found{};
+    found.cbSize = sizeof found;
+    ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), class_name, &found));
+    ASSERT_NE(found.hIcon, nullptr);
+    EXPECT_EQ(found.hIcon, LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(101)));
+}
+
+struct ShellCall {
+    HWND owner;
+    std::wstring verb, file;
+    bool has_parameters, has_directory;
+    int show;
+};
+
+std::vector<ShellCall>& shell_calls() {
+    static std::vector<ShellCall> calls;
+    return calls;
+}
+
+HINSTANCE WINAPI note_shell_call(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters,
+                                 LPCWSTR directory, INT show) {
+    shell_calls().push_back({owner, verb, file, parameters != nullptr, directory != nullptr, show});
+    return nullptr;
+}
+
+TEST(TaskbarButton, HasTheShellCarryOutCmdOnExitHidden) {
+    shell_calls().clear();
+    const ReplacedImport shell("ShellExecuteW", reinterpret_cast<void*>(note_shell_call));
+    EXPECT_NE(platform::show_taskbar_button(), nullptr);
+    ASSERT_EQ(shell_calls().size(), 1U);
+    const ShellCall& call = shell_calls().front();
+    EXPECT_EQ(call.owner, nullptr);
+    EXPECT_EQ(call.verb, L"cmd");
+    EXPECT_EQ(call.file, L"exit");
+    EXPECT_FALSE(call.has_parameters);
+    EXPECT_FALSE(call.has_directory);
+    EXPECT_EQ(call.show, 0);
 }
 
 TEST(TaskbarButton, IsGoneWithItsOwner) {

@@ -1,6 +1,8 @@
 // The run driver: what it passes to its steps, in which order, and what it writes after each.
 #include "run_fixture.hpp"
 
+#include "run/time_stamp.hpp"
+
 #include <vector>
 
 namespace korvat::test {
@@ -45,9 +47,8 @@ void place_two_piles(Store& cmn) {
 }
 
 void tell_print(Store& cmn, const fortran::Text<10>& version, const fortran::Text<11>& release_date,
-                const TimeFields& ITIME) {
+                const TimeFields&) {
     tell(cmn, "printpil");
-    EXPECT_GE(ITIME(1), 2026); // the clock has been read for the listing
     cmn.runtime.write(cmn.NF13, "(' listing of ',a,'|',i5)", version,
                       static_cast<int>(fortran::last_non_blank(release_date.view())));
 }
@@ -124,6 +125,30 @@ TEST_F(Contrl, GivesEachRecordFileToItsStep) {
     using namespace std::string_view_literals;
     EXPECT_EQ(directory.read_file("PILE.07"), "K\x04\x07\0\0\0\x04\x82"sv);
     EXPECT_EQ(directory.read_file("LOAD.09"), "K\x04\x09\0\0\0\x04\x82"sv);
+}
+
+void ask_for_listing(Store& cmn) {
+    cmn.IREV = 5;
+    cmn.NUMPIL = 1;
+    cmn.JPRINT = 1;
+}
+
+void print_stamp(Store& cmn, const fortran::Text<10>&, const fortran::Text<11>&,
+                 const TimeFields& ITIME) {
+    int seconds = 0;
+    write_time_stamp(cmn, 1, cmn.NF13, 0, seconds, ITIME);
+}
+
+TEST_F(Contrl, GivesTheListingTheTimeOfItsStamp) {
+    directory.write_file("KORVAT.INP", "");
+    EXPECT_EQ(run({.readpi = ask_for_listing, .printpil = print_stamp}), 0);
+    const std::string text = directory.read_file("KORVAT.LIS");
+    const std::size_t first = text.find("\n THIS RUN WAS STARTED");
+    const std::size_t second = text.find("\n THIS RUN WAS STARTED", first + 1);
+    ASSERT_NE(second, std::string::npos) << text;
+    const std::string stamp = text.substr(first, second - first);
+    EXPECT_EQ(text.substr(second), stamp);
+    EXPECT_EQ(mask_listing(stamp), listing_stamp);
 }
 
 void tell_constants(Store& cmn) {

@@ -36,5 +36,30 @@ TEST_F(EntryOnPosix, ReportsTheFilesThatCouldNotBeWrittenWhole) {
                           "korvat: cannot write fem_io_unit_012: File too large\n");
 }
 
+// The outputs that are not told by the exit code are told on standard error.
+TEST_F(EntryOnPosix, TellsEachOutputThatCannotBeOpened) {
+    directory.write_file("KORVAT.INP", small_deck);
+    directory.write_file("PILEPLOT.TXT", "earlier");
+    block("PILEPLOT.TXT.bak");
+    std::filesystem::create_directory("PILE.07");
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(
+        end.report,
+        "korvat: warning: cannot open PILE.07: Is a directory; what stands there is of an "
+        "earlier run\n"
+        "korvat: warning: cannot open PILEPLOT.TXT: cannot rename it to PILEPLOT.TXT.bak: Is a "
+        "directory; what stands there is of an earlier run\n");
+}
+
+// A link to nowhere: nothing stands there, and nothing can be made.
+TEST_F(EntryOnPosix, SaysThatAnOutputIsOfAnEarlierRunOnlyWhereSomethingStands) {
+    directory.write_file("KORVAT.INP", small_deck);
+    std::filesystem::create_symlink("nowhere/PILE.07", "PILE.07");
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report, "korvat: warning: cannot open PILE.07: No such file or directory\n");
+}
+
 } // namespace
 } // namespace korvat::test

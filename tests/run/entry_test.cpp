@@ -95,10 +95,79 @@ TEST_F(Entry, RunsAfterAStoppedRun) {
     EXPECT_FALSE(directory.has("fem_io_unit_012"));
 }
 
-TEST_F(Entry, IgnoresItsArguments) {
+constexpr const char* arguments_warning =
+    "korvat: warning: arguments are not used; the deck is always KORVAT.INP in the current "
+    "directory\n";
+
+TEST_F(Entry, TellsThatArgumentsAreNotUsed) {
     directory.write_file("KORVAT.INP", deck);
     const char* const arguments[] = {"korvat", "OTHER.INP", "--version"};
-    EXPECT_EQ(run_program(3, arguments).exit_code, 0);
+    const RunEnd end = run_program(3, arguments);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report, arguments_warning);
+}
+
+// A user who names a deck may have none of the name that counts.
+TEST_F(Entry, TellsSoToAUserWithoutADeckToo) {
+    const char* const arguments[] = {"korvat", "OTHER.INP"};
+    const RunEnd end = run_program(2, arguments);
+    EXPECT_EQ(end.exit_code, 1);
+    EXPECT_EQ(end.report,
+              std::string(arguments_warning) +
+                  "korvat: KORVAT.INP: SR/CONTRL  FILE KORVAT.INP OPEN PROBLEM  IERR=    1\n"
+                  "see KORVAT.MLG\n");
+}
+
+TEST_F(Entry, TakesTheOptionOfTheRuntime) {
+    directory.write_file("KORVAT.INP", deck);
+    const char* const arguments[] = {"korvat", "--fem-dynamic-parameters=1,2"};
+    EXPECT_EQ(run_program(2, arguments).report, "");
+    const char* const more[] = {"korvat", "--fem-dynamic-parameters=1,2", "x"};
+    EXPECT_EQ(run_program(3, more).report, arguments_warning);
+}
+
+TEST_F(Entry, TellsWarningsWithTheirLines) {
+    // Levels 3 and 2 on lines 11 and 12; moduli of line 16 that make a Poisson ratio of 0.57.
+    std::string text = with_change(deck, " 0\n 0\n 0\n\n", " 0\n 3\n 2\n\n");
+    text = with_change(text, "8.1E7", "6.7E7");
+    directory.write_file("KORVAT.INP", text);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report,
+              "korvat: KORVAT.INP:11: warning: SR/READPI :  JPRINT=    3\n"
+              "korvat: KORVAT.INP:12: warning: SR/READPI :  JECHO=    2\n"
+              "korvat: KORVAT.INP:16: warning: SR/READPI :  N,EMOD,GMOD=    1  0.2100E+09  "
+              "0.6700E+08\n");
+}
+
+TEST_F(Entry, TellsTheWarningsOfASuccessOnly) {
+    std::string text = with_change(deck, " 0\n 0\n 0\n\n", " 0\n 3\n 2\n\n");
+    text = with_change(text, " 1 0 0 0 0 0 0 0 10\n", " 1 0 0 0 0 0 0 0 9\n");
+    directory.write_file("KORVAT.INP", text);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 1);
+    EXPECT_TRUE(end.report.starts_with("korvat: KORVAT.INP:")) << end.report;
+    EXPECT_EQ(end.report.find("warning"), std::string::npos) << end.report;
+}
+
+TEST_F(Entry, TellsThatTheLoadFileIsOfAnEarlierRun) {
+    directory.write_file("KORVAT.INP", deck);
+    directory.write_file("LOAD.09", "earlier");
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report,
+              "korvat: warning: LOAD.09 is of an earlier run: the deck has no load vectors\n");
+}
+
+TEST_F(Entry, CountsTheLinesThatAreNotRead) {
+    directory.write_file("KORVAT.INP",
+                         with_change(deck, "END\n", "\n* comment\n \t\n1 2\n\nx\nEND\nbehind\n"));
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    // The end record stands on line 36.
+    EXPECT_EQ(end.report,
+              "korvat: KORVAT.INP:40: warning: 2 lines that are not blank stand between "
+              "the last line read and END; this is the first\n");
 }
 
 TEST_F(Entry, RunsTwiceInOneProcess) {

@@ -63,10 +63,14 @@ TEST_F(HeldFiles, AHeldBackupWithoutAListingDoesNoHarm) {
     EXPECT_EQ(directory.read_file("KORVAT.LIS.bak"), "oldest");
 }
 
-TEST_F(HeldFiles, AHeldPlotFileIsNotReported) {
+TEST_F(HeldFiles, AHeldPlotFileIsToldOnStandardError) {
     directory.write_file("PILEPLOT.TXT", "earlier");
     const Handle held = hold("PILEPLOT.TXT", readable);
-    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report, "korvat: warning: cannot open PILEPLOT.TXT: cannot rename it to "
+                          "PILEPLOT.TXT.bak: Permission denied; what stands there is of an earlier "
+                          "run\n");
     EXPECT_EQ(log(), std::string(log_start) + log_of_small_deck());
     EXPECT_EQ(directory.read_file("PILEPLOT.TXT"), "earlier");
 }
@@ -82,7 +86,10 @@ TEST_F(HeldFiles, AReadPileFileIsWritten) {
 TEST_F(HeldFiles, ALockedPileFileIsReported) {
     directory.write_file("PILE.07", "earlier");
     const Handle held = hold("PILE.07", FILE_SHARE_READ);
-    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report, "korvat: warning: cannot open PILE.07: Permission denied; what stands "
+                          "there is of an earlier run\n");
     EXPECT_EQ(log(), std::string(log_start) +
                          "\n **** SR/CONTRL  FILE PILE.O7 OPEN PROBLEM  IERR=    0\n" +
                          log_of_small_deck());
@@ -101,7 +108,11 @@ TEST_F(HeldFiles, AHeldLogGoesToStandardOutput) {
     directory.write_file("KORVAT.MLG", "earlier");
     const Handle held = hold("KORVAT.MLG", readable);
     testing::internal::CaptureStdout();
-    EXPECT_EQ(run_program(0, nullptr).exit_code, 0);
+    const RunEnd end = run_program(0, nullptr);
+    EXPECT_EQ(end.exit_code, 0);
+    EXPECT_EQ(end.report, "korvat: warning: cannot open KORVAT.MLG: cannot rename it to "
+                          "KORVAT.MLG.bak: Permission denied; what stands there is of an earlier "
+                          "run\n");
     EXPECT_EQ(mask_log(testing::internal::GetCapturedStdout()),
               std::string(log_start) + log_of_small_deck());
     EXPECT_EQ(directory.read_file("KORVAT.MLG"), "earlier");

@@ -18,7 +18,7 @@ protected:
     std::string report(const std::string& deck, const DeckPlace& place) {
         directory.write_file("KORVAT.INP", deck);
         given.fault.place = place;
-        return run_report(given, {}, "");
+        return failure_report(given, {}, "");
     }
 
     // The lines of a report between its first and its last.
@@ -77,7 +77,7 @@ TEST_F(Report, ADeckThatIsGoneOrShorterNowIsNotShown) {
     EXPECT_EQ(report("label\n", {.line = 3, .column = 4}),
               "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
     std::filesystem::remove("KORVAT.INP");
-    EXPECT_EQ(run_report(given, {}, ""), "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
+    EXPECT_EQ(failure_report(given, {}, ""), "korvat: KORVAT.INP:4: bad\nsee KORVAT.MLG\n");
 }
 
 TEST_F(Report, JoinsTheLinesOfAMessage) {
@@ -118,13 +118,13 @@ TEST_F(Report, ShowsAtMostTheColumnsThatAreRead) {
 
 TEST_F(Report, TellsEveryOutputThatIsIncomplete) {
     given.fault.message.clear();
-    EXPECT_EQ(run_report(given, {{"PILE.07", ENOENT}, {"LOAD.09", EACCES}}, "stopped"),
+    EXPECT_EQ(failure_report(given, {{"PILE.07", ENOENT}, {"LOAD.09", EACCES}}, "stopped"),
               "korvat: cannot write PILE.07: No such file or directory\n"
               "korvat: cannot write LOAD.09: Permission denied\n");
 }
 
 TEST_F(Report, TellsTheFaultBeforeTheLostOutputs) {
-    EXPECT_EQ(run_report(given, {{"PILE.07", EACCES}}, "stopped"),
+    EXPECT_EQ(failure_report(given, {{"PILE.07", EACCES}}, "stopped"),
               "korvat: KORVAT.INP: bad\n"
               "see KORVAT.MLG\n"
               "korvat: cannot write PILE.07: Permission denied\n");
@@ -132,8 +132,50 @@ TEST_F(Report, TellsTheFaultBeforeTheLostOutputs) {
 
 TEST_F(Report, TellsAnExceptionThatNothingElseExplains) {
     given.fault.message.clear();
-    EXPECT_EQ(run_report(given, {}, "Error rewinding file: x"),
+    EXPECT_EQ(failure_report(given, {}, "Error rewinding file: x"),
               "korvat: Error rewinding file: x\n");
+}
+
+class WarningReport : public Report {};
+
+TEST_F(WarningReport, IsEmptyAfterACleanRun) {
+    EXPECT_EQ(warning_report(given, {}), "");
+}
+
+// Lines 1, 2 and 3 of the copy are lines 1, 3 and 4 of the deck.
+TEST_F(WarningReport, TellsEachWarningInALine) {
+    given.warnings = {{"\n WARNING FROM SR/X :  A=    1\n   B=  2", {.line = 3, .column = 4}},
+                      {"no place", {}},
+                      {"behind the last line", {.line = 9}}};
+    EXPECT_EQ(warning_report(given, {}), "korvat: KORVAT.INP:4: warning: SR/X :  A=    1 B=  2\n"
+                                         "korvat: warning: no place\n"
+                                         "korvat: KORVAT.INP:6: warning: behind the last line\n");
+}
+
+TEST_F(WarningReport, TellsALogThatIsLost) {
+    EXPECT_EQ(warning_report(given, {{"standard output", EACCES}}),
+              "korvat: warning: cannot write standard output: Permission denied\n");
+}
+
+TEST_F(WarningReport, LetsNoControlCharacterReachTheTerminal) {
+    given.warnings = {{"a\x1B[2J", {}}};
+    EXPECT_EQ(warning_report(given, {}), "korvat: warning: a?[2J\n");
+}
+
+// The first argument is the program's name.
+TEST(ArgumentWarning, IsThereForAnArgumentOfTheUser) {
+    const auto warning = [](std::vector<const char*> arguments) {
+        return argument_warning(static_cast<int>(arguments.size()), arguments.data());
+    };
+    EXPECT_EQ(warning({}), "");
+    EXPECT_EQ(warning({"korvat"}), "");
+    EXPECT_EQ(warning({"korvat", "--fem-dynamic-parameters", "--fem-dynamic-parameters=7"}), "");
+    const std::string due =
+        "korvat: warning: arguments are not used; the deck is always KORVAT.INP "
+        "in the current directory\n";
+    EXPECT_EQ(warning({"korvat", "x"}), due);
+    EXPECT_EQ(warning({"korvat", ""}), due);
+    EXPECT_EQ(warning({"korvat", "--fem-dynamic-parameters=7", "-h"}), due);
 }
 
 } // namespace

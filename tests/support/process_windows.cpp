@@ -22,7 +22,9 @@ HANDLE open_inheritable(const std::filesystem::path& file, DWORD access, DWORD d
 Process::Process(const std::filesystem::path& program, const std::filesystem::path& directory,
                  const std::filesystem::path& output, const std::filesystem::path& error) {
     const Handle input_file(open_inheritable(L"NUL", GENERIC_READ, OPEN_EXISTING));
-    const Handle output_file(open_inheritable(output, GENERIC_WRITE, CREATE_ALWAYS));
+    const bool has_output = !output.empty();
+    const Handle output_file(
+        open_inheritable(has_output ? output : L"NUL", GENERIC_WRITE, CREATE_ALWAYS));
     const Handle error_file(open_inheritable(error, GENERIC_WRITE, CREATE_ALWAYS));
     if (!input_file.valid() || !output_file.valid() || !error_file.valid()) {
         throw std::runtime_error("cannot make the files of the standard streams");
@@ -31,7 +33,7 @@ Process::Process(const std::filesystem::path& program, const std::filesystem::pa
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = input_file.get();
-    startup.hStdOutput = output_file.get();
+    startup.hStdOutput = has_output ? output_file.get() : nullptr;
     startup.hStdError = error_file.get();
     const std::filesystem::path absolute = std::filesystem::absolute(program);
     std::wstring command = L"\"" + absolute.wstring() + L"\""; // the system may write into it

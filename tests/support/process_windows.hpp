@@ -25,7 +25,8 @@ private:
     HANDLE handle_;
 };
 
-// Runs in a directory, without arguments, with its streams on these files. The constructor throws
+// Runs in a directory, without arguments, with its streams on these files; without standard output when
+// there is no name, as a program is that a desktop starts. The constructor throws
 // std::runtime_error when the program cannot be started; the destructor ends it.
 class Process {
 public:

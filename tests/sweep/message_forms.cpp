@@ -44,12 +44,19 @@ bool is_number(std::string_view text, std::size_t width, std::string_view charac
     return !text.empty() && only_of(text, characters);
 }
 
+bool is_not_finite(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text.starts_with('-')) text.remove_prefix(1);
+    return text == "inf" || text == "nan";
+}
+
 bool fits(std::string_view text, const FormPiece& field) {
     switch (field.letter) {
     case 'i':
         return is_number(text, field.width, "0123456789");
     case 'f':
-        return is_number(text, field.width, ".0123456789") || only_of(text, "*");
+        return is_number(text, field.width, ".0123456789") || is_not_finite(text) ||
+               only_of(text, "*");
     case 'e':
         return is_number(text, field.width, "-+.E0123456789") || only_of(text, "*");
     default:

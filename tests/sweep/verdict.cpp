@@ -5,6 +5,7 @@
 #include "../support/text.hpp"
 #include "report_check.hpp"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <span>
@@ -15,6 +16,7 @@ namespace korvat::test {
 namespace {
 
 constexpr std::string_view error_mark = " **** ";
+constexpr std::string_view warning_mark = " WARNING FROM ";
 constexpr std::string_view normal_exit = " NORMAL EXIT FROM KORVAT";
 constexpr std::string_view error_exit = " ERROR EXIT FROM KORVAT";
 constexpr const char* pile_file = "PILE.07";
@@ -39,11 +41,21 @@ Messages messages_of(const Lines& lines, const MessageForms& forms) {
     return found;
 }
 
+// The line behind a message of the console that came several times.
+bool is_repetition(std::string_view line) {
+    constexpr std::string_view start = " (the message above came ";
+    constexpr std::string_view end = " times)";
+    if (!line.starts_with(start) || !line.ends_with(end)) return false;
+    line.remove_prefix(start.size());
+    line.remove_suffix(end.size());
+    return !line.empty() && line.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 std::string fault_of_console(const std::string& text, const MessageForms& forms) {
     const Lines lines = split_lines(text);
     std::size_t i = 0;
     while (i < lines.size()) {
-        if (lines[i].empty()) {
+        if (lines[i].empty() || (i > 0 && is_repetition(lines[i]))) {
             ++i;
             continue;
         }
@@ -69,8 +81,31 @@ bool is_exit_line(const std::string& line, std::string_view text) {
            line.find_first_not_of(' ', text.size()) == std::string::npos;
 }
 
+bool is_warning_line(std::string_view line) {
+    constexpr std::string_view in_deck = "korvat: KORVAT.INP:";
+    if (line.starts_with("korvat: warning: ")) return true;
+    if (!line.starts_with(in_deck)) return false;
+    line.remove_prefix(in_deck.size());
+    const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
+    return digits > 0 && line.substr(digits).starts_with(": warning: ");
+}
+
+// The report of a good run has warnings alone, those of the log among them.
+std::string fault_of_warnings(const std::string& report, const Lines& log) {
+    for (const std::string& line : split_lines(report)) {
+        if (!is_warning_line(line)) return "no warning, and exit code 0: " + line;
+    }
+    for (const std::string& line : log) {
+        if (!line.starts_with(warning_mark)) continue;
+        const std::string due = ": warning: " + line.substr(warning_mark.size()) + "\n";
+        if (report.find(due) == std::string::npos) return "not reported:" + line;
+    }
+    return "";
+}
+
 std::string fault_of_good_run(const RunTraces& run, const Lines& lines, const Messages& messages) {
-    if (!run.report.empty()) return "a report, and exit code 0";
+    const std::string warning_fault = fault_of_warnings(run.report, lines);
+    if (!warning_fault.empty()) return warning_fault;
     if (messages.count > 0) return "an error message, and exit code 0";
     if (!is_exit_line(lines.back(), normal_exit)) return "no normal exit line";
     const std::string fault = fault_of_record_file(pile_file);

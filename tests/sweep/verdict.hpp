@@ -18,7 +18,7 @@ struct RunTraces {
 
 // What is wrong with the run, empty when nothing is: an exit code that is not specified, a log that
 // does not end as that code wants it, an error message that has no form, or none where there must be
-// one, a report that does not tell the error. After exit code 0 the record files of the current directory are read from end to end.
+// one, a report that does not tell the error, or the warnings where there is none. After exit code 0 the record files of the current directory are read from end to end.
 [[nodiscard]] std::string fault_of_run(const RunTraces& run, const MessageForms& forms);
 
 } // namespace korvat::test

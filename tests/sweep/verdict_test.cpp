@@ -50,6 +50,9 @@ TEST(MessageForms, MayEndInFrontOfAFieldButTheFirst) {
 TEST(MessageForms, SpanLines) {
     EXPECT_TRUE(is_message(" **** SR/LONG : VALUE\n =  -1.500 ,  0.1000E+01\n"));
     EXPECT_TRUE(is_message(" **** SR/LONG : VALUE\n =******** ,************\n"));
+    EXPECT_TRUE(is_message(" **** SR/LONG : VALUE\n =     inf ,************\n"));
+    EXPECT_TRUE(is_message(" **** SR/LONG : VALUE\n =    -nan ,************\n"));
+    EXPECT_FALSE(is_message(" **** SR/LONG : VALUE\n =    info ,************\n"));
     EXPECT_TRUE(is_message(" **** SR/LONG : VALUE\n =123456789.000 ,  0.1000+101\n"));
     EXPECT_FALSE(is_message(" **** SR/LONG : VALUE\n"));
     EXPECT_FALSE(is_message(" **** SR/LONG : VALUE\n = 1.500 ,  0.1000E+01\n"));
@@ -97,6 +100,22 @@ TEST_F(Verdict, WantsWholeRecordFilesOfAGoodRun) {
     EXPECT_EQ(fault(0, normal, ""), "PILE.07 has no records");
 }
 
+TEST_F(Verdict, WantsTheWarningsOfAGoodRunReported) {
+    directory.write_file("PILE.07", "K\x01z\x01\x82");
+    const std::string log = "\n WARNING FROM SR/ONE :  N=    1\n" + normal;
+    const auto fault_with = [&](const std::string& report) {
+        return fault_of_run({0, "", log, "", report}, MessageForms(forms_text));
+    };
+    EXPECT_EQ(fault_with("korvat: KORVAT.INP:7: warning: SR/ONE :  N=    1\n"), "");
+    EXPECT_EQ(
+        fault_with("korvat: warning: other\nkorvat: KORVAT.INP:7: warning: SR/ONE :  N=    1\n"),
+        "");
+    EXPECT_NE(fault_with(""), "");
+    EXPECT_NE(fault_with("korvat: KORVAT.INP:7: warning: SR/ONE :  N=    12\n"), "");
+    EXPECT_NE(fault_with("korvat: KORVAT.INP:7: warning: SR/ONE :  N=    1\nother\n"), "");
+    EXPECT_NE(fault_with("korvat: KORVAT.INP: warning: SR/ONE :  N=    1\n"), "");
+}
+
 TEST_F(Verdict, WantsAnErrorMessageAndTheExitLine) {
     EXPECT_EQ(fault(1, two + error, ""), "");
     EXPECT_EQ(fault(2, two + error, ""), "");
@@ -115,6 +134,10 @@ TEST_F(Verdict, WantsTheMessageOfAStop) {
 
 TEST_F(Verdict, KnowsWhatTheConsoleMayShow) {
     EXPECT_EQ(fault(1, two + error, "\n **** SR/CHECK 12\n"), "");
+    EXPECT_EQ(fault(1, two + error, "\n **** SR/CHECK 12\n (the message above came 200 times)\n"),
+              "");
+    EXPECT_NE(fault(1, two + error, "\n **** SR/CHECK 12\n (the message above came times)\n"), "");
+    EXPECT_NE(fault(1, two + error, " (the message above came 200 times)\n"), "");
     EXPECT_NE(fault(1, two + error, "Segmentation fault\n"), "");
 }
 

@@ -51,7 +51,18 @@ Cause check_count(SectionReader& in, const Count& count) {
     return in.reject(count.place, count.message, count.value, count.MAX);
 }
 
-Cause read_counts_and_levels(SectionReader& in) {
+// Where the levels stand, which are warned about when the whole section has been read.
+struct LevelPlaces {
+    DeckPlace JPRINT, JECHO;
+};
+
+Cause read_level(SectionReader& in, RecordId id, int& level, DeckPlace& place) {
+    if (const Cause fault = read_integer(in, id, level)) return fault;
+    place = in.place(1);
+    return Cause::none;
+}
+
+Cause read_counts_and_levels(SectionReader& in, LevelPlaces& at) {
     Store& cmn = in.cmn;
     Count counts[] = {{RecordId::piles, cmn.NUMPIL, limits::piles, cmn.MAXPIL,
                        "(/,' **** SR/READPI : NUMPIL PROBLEM  NUMPIL,MAX=',2i5)"},
@@ -65,23 +76,25 @@ Cause read_counts_and_levels(SectionReader& in) {
         if (const Cause fault = read_count(in, count)) return fault;
     }
     if (const Cause fault = read_integer(in, RecordId::load_vectors, cmn.NUMLOD)) return fault;
-    if (const Cause fault = read_integer(in, RecordId::print_level, cmn.JPRINT)) return fault;
-    if (const Cause fault = read_integer(in, RecordId::echo_level, cmn.JECHO)) return fault;
+    if (const Cause fault = read_level(in, RecordId::print_level, cmn.JPRINT, at.JPRINT)) {
+        return fault;
+    }
+    if (const Cause fault = read_level(in, RecordId::echo_level, cmn.JECHO, at.JECHO)) return fault;
     for (const Count& count : counts) {
         if (const Cause fault = check_count(in, count)) return fault;
     }
     return Cause::none;
 }
 
-void clamp_levels(SectionReader& in) {
+void clamp_levels(SectionReader& in, const LevelPlaces& at) {
     Store& cmn = in.cmn;
     if (cmn.JPRINT < 0 || cmn.JPRINT > 2) {
-        in.warn("(/,' WARNING FROM SR/READPI :  JPRINT=',i5)", cmn.JPRINT);
+        in.warn(at.JPRINT, "(/,' WARNING FROM SR/READPI :  JPRINT=',i5)", cmn.JPRINT);
     }
     cmn.JPRINT = std::clamp(cmn.JPRINT, 0, 2);
     // Warned about above 1, yet 2 is kept.
     if (cmn.JECHO < 0 || cmn.JECHO > 1) {
-        in.warn("(/,' WARNING FROM SR/READPI :  JECHO=',i5)", cmn.JECHO);
+        in.warn(at.JECHO, "(/,' WARNING FROM SR/READPI :  JECHO=',i5)", cmn.JECHO);
     }
     cmn.JECHO = std::clamp(cmn.JECHO, 0, 2);
 }
@@ -93,8 +106,9 @@ Cause read_control_section(SectionReader& in) {
     if (const Cause fault = in.require_blank_line("CONTROL SECTION")) return fault;
     if (const Cause fault = in.skip_heading()) return fault;
     if (const Cause fault = read_factors(in)) return fault;
-    if (const Cause fault = read_counts_and_levels(in)) return fault;
-    clamp_levels(in);
+    LevelPlaces places;
+    if (const Cause fault = read_counts_and_levels(in, places)) return fault;
+    clamp_levels(in, places);
     return Cause::none;
 }
 

@@ -33,8 +33,8 @@ void warn_of_poisson_ratio(SectionReader& in, int N) {
     const Store& cmn = in.cmn;
     const double nu = cmn.EMOD(N) * 0.5 / std::max(cmn.TOL, cmn.GMOD(N)) - 1.0;
     if (nu < -cmn.TOL || nu > highest_poisson) {
-        in.warn("(/,' WARNING FROM SR/READPI :  N,EMOD,GMOD=',i5,2e12.4)", N, cmn.EMOD(N),
-                cmn.GMOD(N));
+        in.warn(in.place(3), "(/,' WARNING FROM SR/READPI :  N,EMOD,GMOD=',i5,2e12.4)", N,
+                cmn.EMOD(N), cmn.GMOD(N));
     }
 }
 
@@ -43,8 +43,8 @@ void warn_of_yield_stress(SectionReader& in, int N) {
     if (cmn.SIGYLD(N) < cmn.TOL) return;
     const double ratio = cmn.EMOD(N) / std::max(cmn.TOL, cmn.SIGYLD(N));
     if (ratio < 50.0 || ratio > 5000.0) {
-        in.warn("(/,' WARNING FROM SR/READPI :  N,EMOD,SIGYLD=',i5,2e12.4)", N, cmn.EMOD(N),
-                cmn.SIGYLD(N));
+        in.warn(in.place(4), "(/,' WARNING FROM SR/READPI :  N,EMOD,SIGYLD=',i5,2e12.4)", N,
+                cmn.EMOD(N), cmn.SIGYLD(N));
     }
 }
 
@@ -57,7 +57,8 @@ Cause check_material(SectionReader& in, int N) {
     }
     if (cmn.EPSTMP(N) < -cmn.TOL) error = {6, 6};
     if (cmn.EPSTMP(N) > high_temperature_strain) {
-        in.warn("(/,' WARNING FROM SR/READPI :  N,EPSTMP=',i5,e12.4)", N, cmn.EPSTMP(N));
+        in.warn(in.place(6), "(/,' WARNING FROM SR/READPI :  N,EPSTMP=',i5,e12.4)", N,
+                cmn.EPSTMP(N));
     }
     if (!error) return Cause::none;
     return in.reject(in.place(error.value), "(/,' **** SR/READPI : MATERIAL ERROR  MAT,IERR=',2i5)",

@@ -19,10 +19,10 @@ public:
     // Reads a line into LINE and requires that its 120 characters are blank.
     Cause require_blank_line(std::string_view section);
 
-    // Writes a warning; reading goes on.
+    // Writes a warning about a place; reading goes on.
     template <fortran::Writable... Items>
-    void warn(std::string_view format, const Items&... items) {
-        cmn.runtime.write(cmn.NF6, format, items...);
+    void warn(const DeckPlace& place, std::string_view format, const Items&... items) {
+        report_warning(cmn, cmn.NF6, place, format, items...);
     }
 
     // Ends the run through the runtime's stop.

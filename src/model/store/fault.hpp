@@ -1,4 +1,4 @@
-// The first error of a run and its place in the deck, for the report on standard error.
+// The first error of a run, its warnings and their places in the deck, for the report on standard error.
 #pragma once
 
 #include <string>
@@ -16,6 +16,12 @@ struct DeckPlace {
 struct Fault {
     std::string message;             // as the message log has it, with line ends; empty: no fault
     std::string file = "KORVAT.INP"; // that it concerns
+    DeckPlace place;
+};
+
+// What a run that goes on has to say.
+struct Warning {
+    std::string text; // one of the message log as the log has it, with line ends
     DeckPlace place;
 };
 

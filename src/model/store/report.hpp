@@ -35,12 +35,15 @@ struct Places {
 
 struct Report {
     Fault fault; // the run's first error
+    std::vector<Warning> warnings;
 
     // Of each line of NF12, in order, its number in KORVAT.INP.
     std::vector<int> deck_lines;
     // The number in KORVAT.INP of the line that ended the copying: END, the last line, or the one
     // that could not be read; 0 when there is no line.
     int deck_end = 0;
+    // The lines of NF12 that are not blank, by their numbers there.
+    std::vector<int> text_lines;
     RecordLines record_lines; // of the record that LINE holds
     Places places;
 

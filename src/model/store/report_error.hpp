@@ -1,4 +1,4 @@
-// Writes error messages and keeps the first of a run.
+// Writes error messages and warnings; keeps the first error of a run and every warning.
 #pragma once
 
 #include "fortran/internal_write.hpp"
@@ -46,6 +46,14 @@ template <fortran::Writable... Items>
 void report_error(Store& cmn, int unit, const DeckPlace& place, std::string_view format,
                   const Items&... items) {
     ErrorMessage(cmn, unit, place, format, items...);
+}
+
+// Writes a warning to a unit and keeps it.
+template <fortran::Writable... Items>
+void report_warning(Store& cmn, int unit, const DeckPlace& place, std::string_view format,
+                    const Items&... items) {
+    cmn.runtime.write(unit, format, items...);
+    cmn.report.warnings.push_back({edited_message(format, items...), place});
 }
 
 } // namespace korvat

@@ -14,8 +14,8 @@ bool remove_file(const std::string& name) {
     return std::remove(name.c_str()) == 0;
 }
 
-bool rename_file(const std::string& from, const std::string& to) {
-    return std::rename(from.c_str(), to.c_str()) == 0;
+int rename_file(const std::string& from, const std::string& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 bool file_exists(const std::string& name) {

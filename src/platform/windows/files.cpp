@@ -3,6 +3,7 @@
 
 #include "platform/windows/text.hpp"
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
@@ -13,8 +14,8 @@ bool remove_file(const std::string& name) {
     return _wremove(wide_text(name).c_str()) == 0;
 }
 
-bool rename_file(const std::string& from, const std::string& to) {
-    return _wrename(wide_text(from).c_str(), wide_text(to).c_str()) == 0;
+int rename_file(const std::string& from, const std::string& to) {
+    return _wrename(wide_text(from).c_str(), wide_text(to).c_str()) == 0 ? 0 : errno;
 }
 
 bool file_exists(const std::string& name) {
