@@ -1,6 +1,6 @@
 #include "fortran/list_directed.hpp"
 
-#include "fortran/write_items.hpp"
+#include "fortran/as_fem.hpp"
 
 #include <algorithm>
 #include <charconv>

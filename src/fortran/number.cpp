@@ -1,6 +1,6 @@
 #include "fortran/number.hpp"
 
-#include "fortran/write_items.hpp"
+#include "fortran/as_fem.hpp"
 
 #include <cmath>
 #include <string>
@@ -20,14 +20,18 @@ public:
         return true;
     }
 
-    std::size_t skip_all_of(std::string_view set) {
-        std::size_t count = 0;
-        while (skip_one_of(set))
-            ++count;
-        return count;
+    void skip_all_of(std::string_view set) {
+        while (skip_one_of(set)) {
+        }
     }
 
-    std::size_t skip_digits() { return skip_all_of("0123456789"); }
+    std::size_t skip_digits() {
+        std::size_t count = 0;
+        while (count < rest_.size() && rest_[count] >= '0' && rest_[count] <= '9')
+            ++count;
+        rest_.remove_prefix(count);
+        return count;
+    }
 
     [[nodiscard]] bool at_end() const { return rest_.empty(); }
 
@@ -55,18 +59,14 @@ bool is_number(std::string_view token) {
 
 } // namespace
 
-std::optional<double> convert_number(const Text<50>& field) {
-    if (!is_number(trimmed(field.view()))) return std::nullopt;
-    // One character more than the format takes. Where memory runs out in the conversion, the loop is
-    // destroyed with what is left of its text, and at the end of it would end the process.
-    const Text<51> text(field.view());
-    double value = 0.0;
-    try {
-        fem::read_loop loop(as_fem(text.view()), "(f50.0)");
-        loop, value;
-    } catch (const fem::io_err&) { // the exponent is out of range
-        return std::nullopt;
-    }
+std::optional<double> convert_number(std::string_view field) {
+    constexpr std::size_t field_width = 50;
+    const std::string_view token = trimmed(field.substr(0, field_width));
+    if (!is_number(token)) return std::nullopt;
+    fem::utils::simple_istream_from_char_ptr_and_size characters(token.data(), token.size());
+    const fem::utils::string_to_double converted(characters);
+    if (converted.error_message) return std::nullopt; // the exponent is out of range
+    const double value = converted.result;
     if (!std::isfinite(value)) return std::nullopt;
     return value;
 }

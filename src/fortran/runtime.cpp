@@ -1,14 +1,14 @@
 #include "fortran/runtime.hpp"
 
-#include "fortran/edit_descriptors.hpp"
 #include "fortran/fem_runtime.hpp"
-#include "fortran/internal_write.hpp"
-#include "fortran/line_reader.hpp"
-#include "fortran/write_items.hpp"
+#include "fortran/format_program.hpp"
+#include "fortran/formatted_write.hpp"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -38,17 +38,19 @@ int reason_against_creating(const std::string& name) {
     return 0;
 }
 
+// A unit that is being read or written, and its characters.
+struct Connection {
+    explicit Connection(fem::io_unit& connected) : unit(connected), stream(connected.stream.ptr) {}
+
+    fem::io_unit& unit;
+    UnitStream stream;
+};
+
 // What standard error was given last, and how often in a row.
 struct LastRecord {
     std::string text;
     int count = 0;
 };
-
-// A record of standard error as it is compared with the one before it. None is longer.
-std::string record_text(std::string_view format, std::span<const Item> items) {
-    constexpr std::size_t longest_record = 2000;
-    return edited_items(longest_record, format, items);
-}
 
 } // namespace
 
@@ -69,23 +71,74 @@ struct Runtime::State {
                    error);
     }
 
-    // The error mark of a stream stays, so that a fault shows here at the latest.
-    void check_stream(const fem::io_unit& unit) {
-        if (unit.stream.ptr != nullptr && std::ferror(unit.stream.ptr) != 0) {
+    void check(const Connection& connection) {
+        if (connection.stream.error() != 0) note_fault(connection.unit, connection.stream.error());
+    }
+
+    // Writes what the unit's buffer holds; a failure becomes a fault.
+    void empty(Connection& connection) {
+        connection.stream.empty();
+        check(connection);
+    }
+
+    void empty(int unit) {
+        const auto found = connections.find(unit);
+        if (found != connections.end()) empty(found->second);
+    }
+
+    void disconnect(int unit) {
+        last_connection = nullptr;
+        connections.erase(unit);
+    }
+
+    // Connects the unit to a scratch file if it has no file yet.
+    Connection& connected(int unit) {
+        if (last_connection != nullptr && last_connection->unit.number == unit) {
+            return *last_connection;
+        }
+        auto found = connections.find(unit);
+        if (found == connections.end()) found = connections.try_emplace(unit, opened(unit)).first;
+        last_connection = &found->second;
+        return *last_connection;
+    }
+
+    // The runtime cuts the file at its present position where writing begins.
+    void begin_writing(Connection& connection) {
+        fem::io_unit& unit = connection.unit;
+        written_units.insert(unit.number);
+        errno = 0;
+        try {
+            if (!connection.stream.end_reading()) {
+                throw fem::io_err("Cannot position file : " + unit.file_name);
+            }
+            common.io.simple_ostream(unit.number);
+        } catch (const fem::io_err&) {
             note_fault(unit, errno);
+            throw;
         }
     }
 
-    // Whether this is the record that standard error was given before; it is counted then.
-    bool is_repeated(std::string_view format, std::span<const Item> items) {
-        std::string text = record_text(format, items);
-        if (last_record.count > 0 && text == last_record.text) {
+    UnitStream& stream_for_reading(int unit) {
+        Connection& connection = connected(unit);
+        if (connection.unit.prev_op_was_write) {
+            empty(connection);
+            connection.unit.prev_op_was_write = false;
+        }
+        return connection.stream;
+    }
+
+    // Edits a record for standard error. Nothing where it is the record before it, which is counted.
+    std::optional<std::string> new_record(const FormatProgram& program,
+                                          std::span<const Item> items) {
+        TextSink record;
+        edit_items(record, program, items, "\n");
+        if (last_record.count > 0 && record.text() == last_record.text) {
             ++last_record.count;
-            return true;
+            return std::nullopt;
         }
         tell_repetitions();
-        last_record = {.text = std::move(text), .count = 1};
-        return false;
+        last_record = {.text = record.text(), .count = 1};
+        return last_record.text;
     }
 
     // Without the runtime, so that nothing is raised where the run ends.
@@ -99,9 +152,13 @@ struct Runtime::State {
         last_record.count = 0;
     }
 
+    fem::io_unit& opened(int unit);
+
     fem::common common;
-    EditDescriptors descriptors;
+    FormatPrograms formats;
     LastRecord last_record;
+    std::map<int, Connection> connections; // of the units that have been read or written
+    Connection* last_connection = nullptr; // most calls go to the unit of the one before
     int open_error = 0;
     std::set<int> written_units;
     std::set<int> faulty_units;
@@ -112,6 +169,9 @@ Runtime::Runtime(int argc, const char* const* argv) : state_(std::make_unique<St
 
 Runtime::~Runtime() {
     state_->tell_repetitions();
+    for (auto& [unit, connection] : state_->connections) {
+        connection.stream.empty();
+    }
     // The runtime takes unit 6 for a terminal and never closes it, whatever file it is on.
     const auto log = state_->common.io.units.find(message_log_unit);
     if (log == state_->common.io.units.end()) return;
@@ -155,6 +215,8 @@ void Runtime::close_stream(int unit) {
     fem::io_unit& connected = found->second;
     std::FILE* const file = connected.stream.ptr;
     if (file == nullptr) return;
+    state_->empty(unit);
+    state_->disconnect(unit);
     const bool was_written = state_->written_units.erase(unit) != 0;
     errno = 0;
     if (is_standard_stream(file)) {
@@ -181,7 +243,8 @@ void Runtime::close_all() {
     }
 }
 
-bool Runtime::wrote_all(int unit) const {
+bool Runtime::wrote_all(int unit) {
+    state_->empty(unit);
     return !state_->faulty_units.contains(unit);
 }
 
@@ -189,17 +252,18 @@ const std::vector<WriteFault>& Runtime::write_faults() const {
     return state_->write_faults;
 }
 
-void Runtime::connect(int unit) {
-    fem::io& io = state_->common.io;
-    if (io.unit_ptr(unit) != nullptr) return;
+// The unit in the runtime's table, with a scratch file if it has no file yet.
+fem::io_unit& Runtime::State::opened(int unit) {
+    fem::io& io = common.io;
+    if (fem::io_unit* const known = io.unit_ptr(unit)) return *known;
     const std::string name = scratch_name(unit);
     // A stopped run may have left its scratch file, which would otherwise be read as this run's.
     std::remove(name.c_str());
     try {
-        io.unit_ptr(unit, /*auto_open*/ true);
+        return *io.unit_ptr(unit, /*auto_open*/ true);
     } catch (const fem::io_err&) {
         io.units.erase(unit);
-        state_->note_fault(name, reason_against_creating(name));
+        note_fault(name, reason_against_creating(name));
         throw;
     } catch (...) {
         io.units.erase(unit);
@@ -208,51 +272,45 @@ void Runtime::connect(int unit) {
 }
 
 void Runtime::rewind(int unit) {
-    connect(unit);
+    Connection& connection = state_->connected(unit);
+    state_->empty(connection);
+    connection.stream.forget_reading();
     state_->common.io.rewind(unit);
 }
 
 void Runtime::write_items(int unit, std::string_view format, std::span<const Item> items) {
-    const auto edits = state_->descriptors.of(format, items.size());
-    require_kinds(items, edits, format);
-    if (unit == standard_error_unit && state_->is_repeated(format, items)) return;
-    connect(unit);
-    const fem::io_unit& connected = *state_->common.io.unit_ptr(unit);
-    state_->written_units.insert(unit);
-    errno = 0;
-    try {
-        fem::write_loop loop(state_->common, unit, as_fem(format));
-        put_items(loop, items, edits);
-    } catch (const fem::io_err&) { // the file cannot be cut at its present position
-        state_->note_fault(connected, errno);
-        throw;
+    const FormatProgram& program = state_->formats.of(format);
+    std::optional<std::string> error_record;
+    if (unit == standard_error_unit) {
+        error_record = state_->new_record(program, items);
+        if (!error_record) return;
     }
-    state_->check_stream(connected);
+    Connection& connection = state_->connected(unit);
+    if (!connection.unit.prev_op_was_write) state_->begin_writing(connection);
+    if (error_record) {
+        connection.stream.put(*error_record);
+    } else {
+        edit_items(connection.stream, program, items, "\n");
+    }
+    // Whoever watches a run sees each line of the log.
+    const bool is_written_through = unit == message_log_unit || unit == standard_error_unit;
+    if (is_written_through) connection.stream.empty();
+    state_->check(connection);
 }
 
 ReadStatus Runtime::read_characters(int unit, std::span<char> characters) {
-    connect(unit);
-    std::string line;
-    line.reserve(characters.size());
-    try {
-        LineReader reader(state_->common, unit);
-        while (line.size() < characters.size()) {
-            line += reader.next();
-        }
-        reader.skip_rest();
-    } catch (const fem::read_end&) {
-        return ReadStatus::end;
-    } catch (const fem::io_err&) {
-        return ReadStatus::error;
-    }
-    line.copy(characters.data(), characters.size());
-    return ReadStatus::line;
+    return state_->stream_for_reading(unit).read_line(characters);
 }
 
 void Runtime::skip_line(int unit) {
-    connect(unit);
-    LineReader reader(state_->common, unit);
-    reader.skip_rest();
+    switch (read_characters(unit, {})) {
+    case ReadStatus::line:
+        return;
+    case ReadStatus::end:
+        throw fem::read_end("End of input during read");
+    case ReadStatus::error:
+        throw fem::io_err("Error during read");
+    }
 }
 
 } // namespace korvat::fortran

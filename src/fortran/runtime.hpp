@@ -3,6 +3,7 @@
 
 #include "fortran/item.hpp"
 #include "fortran/text.hpp"
+#include "fortran/unit_stream.hpp"
 
 #include <cstddef>
 #include <memory>
@@ -14,8 +15,6 @@
 namespace korvat::fortran {
 
 enum class OpenStatus { old_file, new_file };
-
-enum class ReadStatus { line, end, error };
 
 // The file of unit 6 while no file is open on it.
 inline constexpr std::string_view standard_output_name = "standard output";
@@ -58,7 +57,7 @@ public:
     void close_all();
 
     // Whether every write to the unit has succeeded so far.
-    [[nodiscard]] bool wrote_all(int unit) const;
+    [[nodiscard]] bool wrote_all(int unit);
 
     // The files, each once, of which a write or the closing failed, in the order of the failures.
     // Unit 6 is named "standard output" when no file was opened on it; unit 0 is not watched.
@@ -93,7 +92,6 @@ public:
 private:
     struct State;
 
-    void connect(int unit);
     void close_stream(int unit);
     ReadStatus read_characters(int unit, std::span<char> characters);
 

@@ -34,7 +34,7 @@ void getnum(std::string_view line, int K, Values& VAR, int& N, int& IERR) {
         position = first_of_token(line, position);
         if (position == std::string_view::npos) break;
         const std::string_view token = token_at(line, position);
-        const auto value = fortran::convert_number(fortran::Text<50>(token));
+        const auto value = fortran::convert_number(token);
         if (!value) {
             IERR = -1;
             N = found;

@@ -1,5 +1,7 @@
 #include "input/linerd.hpp"
 
+#include <stdexcept>
+
 namespace korvat {
 namespace {
 
@@ -40,9 +42,13 @@ void linerd(Store& cmn, int NFR, int IOUT, int NLINE, Cause KIND) {
     write_heading(cmn, IOUT, KIND);
     for (int number = skipped + 1; number <= NLINE; ++number) {
         fortran::Text<80> line;
-        if (cmn.runtime.read_line(NFR, line) == fortran::ReadStatus::end) {
+        const fortran::ReadStatus status = cmn.runtime.read_line(NFR, line);
+        if (status == fortran::ReadStatus::end) {
             cmn.runtime.write(IOUT, "(i5,' : ',a70)", number);
             return;
+        }
+        if (status == fortran::ReadStatus::error) { // not a line: an empty one would be a lie
+            throw std::runtime_error("the copy of the input cannot be read again");
         }
         cmn.runtime.write(IOUT, "(i5,' : ',a70)", number,
                           fortran::characters(line.first(shown_width)));

@@ -7,8 +7,8 @@
 namespace korvat {
 
 // Rewinds NFR and prints its lines up to number NLINE, at most the last 12, to IOUT under the
-// heading of KIND (none: without a heading). An end of file before the first line to be shown leaves
-// as the runtime's exception.
+// heading of KIND (none: without a heading). An end of file before the first line to be shown, and a
+// read error, leave as an exception.
 void linerd(Store& cmn, int NFR, int IOUT, int NLINE, Cause KIND);
 
 } // namespace korvat

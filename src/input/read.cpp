@@ -113,9 +113,9 @@ bool fetch_line(Record& record) {
     }
     const int IS = record.IS;
     const int unseen = std::max(IS + physical_width - 1 - limits::line_length, 0);
-    record.LINE.assign_from(static_cast<std::size_t>(IS),
-                            line.view().substr(static_cast<std::size_t>(unseen)), physical_width);
-    const int last = std::max(static_cast<int>(last_non_blank(record.LINE.view())), 1);
+    const std::string_view seen = line.view().substr(static_cast<std::size_t>(unseen));
+    record.LINE.assign_from(static_cast<std::size_t>(IS), seen, physical_width);
+    const int last = IS - 1 + static_cast<int>(last_non_blank(seen));
     record.line(record.NPHYS) = {.first = IS, .last = std::max(last, IS), .unseen = unseen};
     ++record.NPHYS;
     return true;
@@ -126,8 +126,10 @@ bool take_numbers(Record& record, Values& VAR) {
     const bool is_first = record.NPHYS == 1;
     int found = is_first && record.NVAR >= 1 ? record.NVAR : 0;
     int conversion = 0;
-    getnum(record.LINE.view().substr(static_cast<std::size_t>(record.IS - 1)), record.NTOT + 1, VAR,
-           found, conversion);
+    const LineColumns& line = record.line(record.NPHYS - 1);
+    getnum(record.LINE.columns(static_cast<std::size_t>(line.first),
+                               static_cast<std::size_t>(line.last)),
+           record.NTOT + 1, VAR, found, conversion);
     if (record.count_place != 0 && is_first) {
         record.NVAR = saturated_sum(nearest_integer(VAR(record.count_place)), record.count_place);
     }

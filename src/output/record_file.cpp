@@ -1,6 +1,6 @@
 #include "output/record_file.hpp"
 
-#include <bit>
+#include <algorithm>
 
 namespace korvat {
 namespace {
@@ -8,34 +8,12 @@ namespace {
 constexpr char header_byte = 'K';
 constexpr char end_byte = static_cast<char>(0x82);
 constexpr char full_segment = static_cast<char>(0x81); // length byte of a segment that goes on
-constexpr std::size_t segment_length = 128;
 
 char length_byte(std::size_t length) {
     return static_cast<char>(length);
 }
 
 } // namespace
-
-std::string framed(std::string_view record) {
-    const std::size_t L = record.size();
-    if (L == 0) return {};
-    const std::size_t R = L % segment_length;
-    std::size_t to_come = L / segment_length; // full segments, the one being written included
-    std::string out;
-    out.reserve(L + 2 * to_come + 2);
-    out += L <= segment_length ? length_byte(L) : full_segment;
-    while (to_come > 0) {
-        out += record.substr(0, segment_length);
-        record.remove_prefix(segment_length);
-        out += full_segment;
-        // The next segment's opening byte: R, also where R is 0 and the segment empty.
-        out += to_come > 1 ? full_segment : length_byte(R);
-        --to_come;
-    }
-    out += record;
-    out += length_byte(R);
-    return out;
-}
 
 RecordFile::RecordFile(std::shared_ptr<IStreamWriter> stream) : stream_(std::move(stream)) {
     stream_->Write(std::span(&header_byte, 1));
@@ -53,31 +31,56 @@ int RecordFile::close() {
     return error;
 }
 
-void RecordBuilder::add_bytes(std::uint64_t value, int count) {
-    for (int i = 0; i < count; ++i) {
-        bytes_ += static_cast<char>((value >> (8 * i)) & 0xFFU);
+RecordBuilder::RecordBuilder(const RecordFile& file) : stream_(file.stream_) {
+    begin_segment();
+}
+
+// Makes room for one more segment between its length bytes, and leaves the place of the opening byte
+// to write.
+void RecordBuilder::begin_segment() {
+    constexpr std::size_t framed_segment = segment_length + 2;
+    constexpr std::size_t usual_room = 32 * framed_segment; // enough for the longer records of a pile
+    const std::size_t used = full_ * framed_segment;
+    if (room_ - used < framed_segment) {
+        room_ = std::max(2 * room_, usual_room);
+        auto larger = std::make_unique_for_overwrite<char[]>(room_);
+        if (used > 0) std::memcpy(larger.get(), frame_.get(), used);
+        frame_ = std::move(larger);
+    }
+    next_ = frame_.get() + used + 1;
+    filled_ = 0;
+}
+
+void RecordBuilder::add_across_segments(const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const std::size_t now = std::min(count, segment_length - filled_);
+        std::memcpy(next_, bytes, now);
+        next_ += now;
+        filled_ += now;
+        bytes += now;
+        count -= now;
+        if (filled_ < segment_length) return;
+        *next_ = full_segment; // its closing byte
+        ++full_;
+        begin_segment();
     }
 }
 
-RecordBuilder& RecordBuilder::add(int value) {
-    add_bytes(static_cast<std::uint32_t>(value), 4);
-    return *this;
-}
-
-RecordBuilder& RecordBuilder::add(double value) {
-    add_bytes(std::bit_cast<std::uint64_t>(value), 8);
-    return *this;
-}
-
-RecordBuilder& RecordBuilder::add(std::string_view text) {
-    bytes_ += text;
-    return *this;
-}
-
 void RecordBuilder::write() {
-    if (bytes_.empty()) return;
-    if (stream_) stream_->Write(framed(bytes_));
-    bytes_.clear();
+    if (full_ == 0 && filled_ == 0) return;
+    constexpr std::size_t framed_segment = segment_length + 2;
+    for (std::size_t i = 0; i < full_; ++i) {
+        frame_[i * framed_segment] = full_segment;
+    }
+    // A record that just fills one segment has its length in front.
+    if (full_ == 1 && filled_ == 0) frame_[0] = length_byte(segment_length);
+    // The last segment, also where it is empty, stands between its length.
+    *(next_ - filled_ - 1) = length_byte(filled_);
+    *next_++ = length_byte(filled_);
+    const auto size = static_cast<std::size_t>(next_ - frame_.get());
+    if (stream_) stream_->Write(std::span(frame_.get(), size));
+    full_ = 0;
+    begin_segment();
 }
 
 } // namespace korvat

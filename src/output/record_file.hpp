@@ -3,19 +3,17 @@
 
 #include "output/i_stream_writer.hpp"
 
-#include <cstdint>
+#include <bit>
+#include <cstddef>
+#include <cstring>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace korvat {
 
 using VESKA::TolvanCommonLibrary::IO::IStreamWriter;
-
-// The record's bytes cut into segments of at most 128 bytes, each between its length bytes. An
-// empty record gives nothing.
-[[nodiscard]] std::string framed(std::string_view record);
 
 // A record file: a header byte, records, an end byte. Made on no stream it discards what it is
 // given: a run goes on without an output that could not be opened.
@@ -44,33 +42,58 @@ private:
     std::shared_ptr<IStreamWriter> stream_;
 };
 
-// Collects the items of one record, in order, and writes it once.
+// Collects the items of one record, in order, and writes it once: integers in 4 bytes and reals in 8,
+// both little-endian, and the characters of texts. They are cut into segments of at most 128 bytes,
+// each between its length bytes.
 class RecordBuilder {
 public:
-    explicit RecordBuilder(const RecordFile& file) : stream_(file.stream_) {}
+    explicit RecordBuilder(const RecordFile& file);
 
-    RecordBuilder& add(int value);    // 4 bytes, little-endian
-    RecordBuilder& add(double value); // 8 bytes, little-endian
-    RecordBuilder& add(std::string_view text);
+    RecordBuilder& add(int value) { return add_bytes(&value, sizeof value); }
+    RecordBuilder& add(double value) { return add_bytes(&value, sizeof value); }
+    RecordBuilder& add(std::string_view text) { return add_bytes(text.data(), text.size()); }
     template <typename T>
     RecordBuilder& add(const T&) = delete;
 
-    template <typename Items>
-    RecordBuilder& add_all(const Items& items) {
-        for (const auto& item : items) {
-            add(item);
-        }
-        return *this;
+    RecordBuilder& add_all(std::span<const int> values) {
+        return add_bytes(values.data(), values.size_bytes());
+    }
+    RecordBuilder& add_all(std::span<const double> values) {
+        return add_bytes(values.data(), values.size_bytes());
     }
 
-    // Frames and writes the items and clears their list; without any item nothing is written.
+    // Completes the frame, writes the items and clears their list; without any item nothing is
+    // written.
     void write();
 
 private:
-    void add_bytes(std::uint64_t value, int count);
+    // Values are written as they stand in memory.
+    static_assert(std::endian::native == std::endian::little && sizeof(int) == 4 &&
+                  sizeof(double) == 8);
+
+    static constexpr std::size_t segment_length = 128;
+
+    RecordBuilder& add_bytes(const void* bytes, std::size_t count) {
+        if (count < segment_length - filled_) {
+            std::memcpy(next_, bytes, count);
+            next_ += count;
+            filled_ += count;
+            return *this;
+        }
+        add_across_segments(static_cast<const char*>(bytes), count);
+        return *this;
+    }
+    void add_across_segments(const char* bytes, std::size_t count);
+    void begin_segment();
 
     std::shared_ptr<IStreamWriter> stream_;
-    std::string bytes_; // of the items so far
+    // The segments so far, each behind its opening byte, the full ones before their closing byte.
+    // There is always room for the rest of the segment begun.
+    std::unique_ptr<char[]> frame_;
+    std::size_t room_ = 0;
+    char* next_ = nullptr;   // where the next item goes
+    std::size_t filled_ = 0; // bytes in the segment begun
+    std::size_t full_ = 0;   // segments before it, which are full
 };
 
 } // namespace korvat

@@ -6,6 +6,7 @@
 #include "output/plot_file.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace korvat {
@@ -64,9 +65,9 @@ NodeValues& values_of_code(Store& cmn, int code) {
 
 // Copies the special records of this pile to its nodes; a later record overwrites an earlier one.
 bool collect_special_values(Store& cmn, int np, int nodes) {
-    std::ranges::fill(cmn.VNOD1.all(), 0.0);
-    std::ranges::fill(cmn.VNOD2.all(), 0.0);
-    std::ranges::fill(cmn.VNOD3.all(), 0.0);
+    for (NodeValues* const values : {&cmn.VNOD1, &cmn.VNOD2, &cmn.VNOD3}) {
+        std::ranges::fill(values->first_columns(nodes), 0.0);
+    }
     for (int r = 1; r <= cmn.NUMSPC; ++r) {
         if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
         const int ND1 = cmn.ISPNOD(3, r);
@@ -123,10 +124,12 @@ void write_coordinates(const Output& out, int np, int nodes) {
 }
 
 void write_component(const Output& out, const NodeValues& values, int component, int nodes) {
-    RecordBuilder record(out.file);
-    for (int n = 1; n <= nodes; ++n)
-        record.add(values(component, n));
-    record.write();
+    std::array<double, limits::pile_nodes> row;
+    const std::span<double> used(row.data(), static_cast<std::size_t>(nodes));
+    for (int n = 1; n <= nodes; ++n) {
+        used[static_cast<std::size_t>(n - 1)] = values(component, n);
+    }
+    RecordBuilder(out.file).add_all(used).write();
 }
 
 void write_node_values(const Output& out, int nodes) {

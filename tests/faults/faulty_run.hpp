@@ -20,7 +20,7 @@ struct Fault {
     Action action = Action::fail;
     bool all_after = false;
     int error = 0;
-    std::uint32_t buffer_size = 4096;
+    std::uint32_t buffer_size = 256; // of the blocks that go in or out, in bytes
 };
 
 // The surroundings of a run.

@@ -124,10 +124,17 @@ bool is_standard_stream(int descriptor) {
     return name_of(descriptor)[0] == '\0';
 }
 
+// No more than one block of the board's size goes in or out at a call: a disk that fills up, or fails,
+// does so in the middle of what the program hands over in one piece.
+std::size_t one_block(std::size_t size) {
+    if (board == nullptr || board->buffer_size == 0) return size;
+    return std::min(size, std::size_t{board->buffer_size});
+}
+
 ssize_t read_stream(void* cookie, char* bytes, std::size_t size) {
     const Stream& stream = *static_cast<Stream*>(cookie);
     if (fault(Call::read, stream.name)) return -1;
-    return syscall(SYS_read, stream.descriptor, bytes, size);
+    return syscall(SYS_read, stream.descriptor, bytes, one_block(size));
 }
 
 void count_bytes(ssize_t written) {
@@ -135,14 +142,19 @@ void count_bytes(ssize_t written) {
         board->bytes_written += static_cast<std::uint64_t>(written);
 }
 
-// A stream takes 0 for a failure.
+// A stream takes fewer bytes than it gave for a failure, so that all blocks are written here.
 ssize_t write_stream(void* cookie, const char* bytes, std::size_t size) {
     const Stream& stream = *static_cast<Stream*>(cookie);
-    if (fault(Call::write, stream.name)) return 0;
-    const ssize_t written = syscall(SYS_write, stream.descriptor, bytes, size);
-    if (written < 0) return 0;
-    count_bytes(written);
-    return written;
+    std::size_t done = 0;
+    while (done < size) {
+        if (fault(Call::write, stream.name)) break;
+        const ssize_t written =
+            syscall(SYS_write, stream.descriptor, bytes + done, one_block(size - done));
+        if (written < 0) break;
+        count_bytes(written);
+        done += static_cast<std::size_t>(written);
+    }
+    return static_cast<ssize_t>(done);
 }
 
 int seek_stream(void* cookie, off64_t* offset, int whence) {
@@ -287,7 +299,8 @@ int ftruncate(int descriptor, off_t length) noexcept {
 }
 
 ssize_t write(int descriptor, const void* bytes, std::size_t size) {
-    return counted_write(descriptor, SYS_write, bytes, size);
+    const bool is_file = !is_standard_stream(descriptor);
+    return counted_write(descriptor, SYS_write, bytes, is_file ? one_block(size) : size);
 }
 
 ssize_t writev(int descriptor, const iovec* blocks, int count) {

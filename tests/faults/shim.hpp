@@ -44,7 +44,7 @@ struct FaultBoard {
     std::uint64_t at;
     bool all_after;            // else only the one
     int error;                 // errno of the failing call
-    std::uint32_t buffer_size; // of the streams, up to 4096; 0 leaves them as the system makes them
+    std::uint32_t buffer_size; // of the blocks, up to 4096; 0 leaves them as the system makes them
 
     // Set by the library.
     std::uint64_t counts[call_kinds];

@@ -41,6 +41,7 @@ TEST_F(Units, ANewFileNeedsItsDirectory) {
 TEST_F(Units, AFailedUnitIsUnconnected) {
     ASSERT_EQ(runtime().open(14, "missing", OpenStatus::old_file), 1);
     runtime().write(14, "(' text')");
+    runtime().close(14);
     EXPECT_EQ(directory.list(), Names{"fem_io_unit_014"});
     EXPECT_EQ(directory.read_file("fem_io_unit_014"), " text\n");
 }
@@ -140,6 +141,7 @@ TEST_F(Units, AnUnopenedUnitIsAScratchFile) {
     runtime().write(7, "(' seven')");
     runtime().write(123, "(' many')");
     EXPECT_EQ(directory.list(), (Names{"fem_io_unit_007", "fem_io_unit_012", "fem_io_unit_123"}));
+    runtime().close(12);
     EXPECT_EQ(directory.read_file("fem_io_unit_012"), padded("first", 120) + "\n");
 }
 

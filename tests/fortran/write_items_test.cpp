@@ -1,7 +1,6 @@
 // Items that a write may carry: what the compiler refuses, and what is refused when it runs.
 #include "runtime_fixture.hpp"
 
-#include "fortran/edit_descriptors.hpp"
 #include "fortran/internal_write.hpp"
 #include "fortran/item.hpp"
 
@@ -12,8 +11,6 @@ namespace korvat::test {
 namespace {
 
 using fortran::characters;
-using fortran::EditDescriptor;
-using fortran::EditDescriptors;
 using fortran::Item;
 using fortran::right_justified;
 using fortran::Text;
@@ -106,40 +103,8 @@ TEST_F(WriteItems, ARefusedWriteLeavesTheUnitUsable) {
     runtime().write(21, "(i5)", 1);
     EXPECT_THROW(runtime().write(21, "(i5)", 1.0), std::logic_error);
     runtime().write(21, "(i5)", 2);
+    runtime().close(21);
     EXPECT_EQ(directory.read_file("log"), "    1\n    2\n");
-}
-
-TEST(EditDescriptors, AreTakenApart) {
-    EditDescriptors descriptors;
-    const auto edits = descriptors.of("(/,' N,i5=',i5.4,2x,2(f12.4,a),a11)", 6);
-    const std::vector<EditDescriptor> expected = {{'i', 5, 4},  {'f', 12, 4}, {'a', 0, 0},
-                                                  {'f', 12, 4}, {'a', 0, 0},  {'a', 11, 0}};
-    EXPECT_EQ(std::vector<EditDescriptor>(edits.begin(), edits.end()), expected);
-}
-
-TEST(EditDescriptors, SkipTheScaleFactor) {
-    EditDescriptors descriptors;
-    const auto edits = descriptors.of("(1p,e12.4,0p,f7.3)", 2);
-    const std::vector<EditDescriptor> expected = {{'e', 12, 4}, {'f', 7, 3}};
-    EXPECT_EQ(std::vector<EditDescriptor>(edits.begin(), edits.end()), expected);
-}
-
-TEST(EditDescriptors, AreRepeatedAsFarAsItemsNeedThem) {
-    EditDescriptors descriptors;
-    EXPECT_EQ(descriptors.of("(i5,f7.3)", 0).size(), 0U);
-    EXPECT_EQ(descriptors.of("(i5,f7.3)", 1).size(), 1U);
-    const auto more = descriptors.of("(i5,f7.3)", 5);
-    const EditDescriptor i{'i', 5, 0};
-    const EditDescriptor f{'f', 7, 3};
-    const std::vector<EditDescriptor> expected = {i, f, i, f, i};
-    EXPECT_EQ(std::vector<EditDescriptor>(more.begin(), more.end()), expected);
-    EXPECT_EQ(descriptors.of("(i5,f7.3)", 2).size(), 2U); // fewer again
-}
-
-TEST(EditDescriptors, RefuseAnUnknownFormat) {
-    EditDescriptors descriptors;
-    EXPECT_THROW((void)descriptors.of("(q5)", 1), std::runtime_error);
-    EXPECT_THROW((void)descriptors.of("('text')", 1), std::runtime_error);
 }
 
 TEST(Items, KnowTheirKind) {

@@ -102,10 +102,12 @@ void check_inverse(const std::string& content) {
     } catch (const std::runtime_error&) {
         return;
     }
-    std::string again = "K";
-    for (const Record& record : records)
-        again += framed(std::string(record.begin(), record.end()));
-    again += '\x82';
+    std::string again;
+    {
+        const RecordFile file(std::make_shared<MemoryStream>(again));
+        for (const Record& record : records)
+            RecordBuilder(file).add(std::string(record.begin(), record.end())).write();
+    }
     require(again == content, "what is written is what was read");
 }
 

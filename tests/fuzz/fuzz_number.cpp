@@ -29,7 +29,7 @@ void compare(const std::string& token, const JudgedNumber& judged, bool taken, d
 void check_field(const std::string& text) {
     const fortran::Text<50> field(text);
     const std::string token(fortran::trimmed(field.view()));
-    const auto value = fortran::convert_number(field);
+    const auto value = fortran::convert_number(field.view());
     compare(token, judged_number(token), value.has_value(), value.value_or(0.0));
 }
 

@@ -61,7 +61,7 @@ bool worth(const std::string& token, double& value) {
     if (judged.verdict != JudgedNumber::Verdict::either) {
         return judged.verdict == JudgedNumber::Verdict::number;
     }
-    const auto converted = fortran::convert_number(fortran::Text<50>(seen));
+    const auto converted = fortran::convert_number(seen);
     if (converted) value = *converted;
     return converted.has_value();
 }

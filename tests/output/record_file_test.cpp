@@ -56,6 +56,13 @@ std::string item_bytes(Add add) {
     return bytes.substr(2, length);
 }
 
+// A record of these bytes, without the bytes of the file around it.
+std::string framed(std::string_view record) {
+    const std::string bytes = file_bytes(
+        [&](const RecordFile& file) { RecordBuilder(file).add(record).write(); });
+    return bytes.substr(1, bytes.size() - 2);
+}
+
 TEST(Framing, LiteralBytes) {
     EXPECT_EQ(framed(""), "");
     EXPECT_EQ(framed(data(0, 1)), "\x01"s + data(0, 1) + "\x01"s);
@@ -88,6 +95,28 @@ TEST(Framing, EveryLengthIsReadBackByTheIndependentReader) {
         // Two length bytes for each segment, the empty last one of a multiple of 128 among them.
         EXPECT_EQ(framed(record).size(), length + 2 * (length / 128 + 1)) << length;
     }
+}
+
+TEST(Framing, IsTheSameHoweverTheBytesComeIn) {
+    const std::string record = data(0, 400);
+    for (std::size_t piece = 1; piece <= 300; ++piece) {
+        const std::string bytes = file_bytes([&](const RecordFile& file) {
+            RecordBuilder builder(file);
+            for (std::size_t i = 0; i < record.size(); i += piece)
+                builder.add(std::string_view(record).substr(i, piece));
+            builder.write();
+        });
+        EXPECT_EQ(bytes, "K" + framed(record) + "\x82") << piece;
+    }
+}
+
+TEST(Framing, OfALongRecordIsTheSameSegmentAfterSegment) {
+    constexpr std::size_t segments = 500;
+    std::string expected = "\x81"s;
+    for (std::size_t i = 0; i < segments; ++i)
+        expected += data(128 * i, 128 * (i + 1)) + "\x81\x81"s;
+    expected.back() = '\0';
+    EXPECT_EQ(framed(data(0, 128 * segments)), expected + "\0"s);
 }
 
 TEST(RecordFileWriter, FileWithoutRecordsIsTwoBytes) {

@@ -85,8 +85,8 @@ protected:
 
     // What has been written so far.
     [[nodiscard]] std::string log() const { return directory.read_file("KORVAT.MLG"); }
-    [[nodiscard]] std::string listing() const { return directory.read_file("KORVAT.LIS"); }
-    [[nodiscard]] std::string plot() const { return directory.read_file("PILEPLOT.TXT"); }
+    [[nodiscard]] std::string listing() { return written(13, "KORVAT.LIS"); }
+    [[nodiscard]] std::string plot() { return written(14, "PILEPLOT.TXT"); }
 
     // The next line of a unit, without its trailing blanks; "(end)" at the end of the file.
     std::string next_line(int unit) {
@@ -101,6 +101,12 @@ protected:
     ScratchDirectory directory;
 
 private:
+    // What is still in the unit's buffer goes into its file first.
+    std::string written(int unit, const std::string& name) {
+        if (store_ && !cmn().runtime.wrote_all(unit)) throw std::runtime_error("cannot write " + name);
+        return directory.read_file(name);
+    }
+
     CurrentDirectory current_;
     std::unique_ptr<Store> store_;
 };

@@ -2,8 +2,6 @@
 
 #include "fortran/save_holder.hpp"
 
-#include <algorithm>
-
 namespace korvat {
 
 Store::Store(int argc, const char* const* argv)
@@ -23,12 +21,12 @@ double stress_factor(const Store& cmn) {
 }
 
 void rstpil(Store& cmn) {
-    std::ranges::fill(cmn.NSEGP.all(), 0);
-    std::ranges::fill(cmn.NELP.all(), 0);
-    std::ranges::fill(cmn.IFIX.all(), 0);
-    std::ranges::fill(cmn.ITIP.all(), 0);
-    std::ranges::fill(cmn.TSNOD.all(), 0.0);
-    std::ranges::fill(cmn.ISEGP.all(), 0);
+    cmn.NSEGP.clear();
+    cmn.NELP.clear();
+    cmn.IFIX.clear();
+    cmn.ITIP.clear();
+    cmn.TSNOD.clear();
+    cmn.ISEGP.clear();
 }
 
 } // namespace korvat
