@@ -63,9 +63,8 @@ public:
 
 private:
     void make_room() override {
-        const auto used = next_ == nullptr
-                              ? std::size_t{0}
-                              : static_cast<std::size_t>(next_ - characters_.data());
+        const auto used = next_ == nullptr ? std::size_t{0}
+                                           : static_cast<std::size_t>(next_ - characters_.data());
         characters_.resize(2 * characters_.size() + least_room);
         next_ = characters_.data() + used;
         end_ = characters_.data() + characters_.size();

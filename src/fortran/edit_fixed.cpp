@@ -15,7 +15,8 @@ namespace {
 
 __extension__ using uint128 = unsigned __int128;
 
-constexpr std::size_t longest_text = most_columns; // of the runtime's buffer, its terminator left out
+constexpr std::size_t longest_text =
+    most_columns; // of the runtime's buffer, its terminator left out
 
 // A real is m 2^e with a whole m below 2^53.
 struct Binary {

@@ -39,7 +39,8 @@ RecordBuilder::RecordBuilder(const RecordFile& file) : stream_(file.stream_) {
 // to write.
 void RecordBuilder::begin_segment() {
     constexpr std::size_t framed_segment = segment_length + 2;
-    constexpr std::size_t usual_room = 32 * framed_segment; // enough for the longer records of a pile
+    constexpr std::size_t usual_room =
+        32 * framed_segment; // enough for the longer records of a pile
     const std::size_t used = full_ * framed_segment;
     if (room_ - used < framed_segment) {
         room_ = std::max(2 * room_, usual_room);

@@ -32,7 +32,7 @@ private:
     std::ofstream stream_;
     std::unique_ptr<char[]> buffer_;
     std::size_t filled_ = 0; // bytes in the buffer
-    int error_ = 0; // of the first failure
+    int error_ = 0;          // of the first failure
 };
 
 } // namespace VESKA::TolvanCommonLibrary::IO

@@ -37,7 +37,9 @@ bool agree_on_write(Random& random, Counts& counts) {
     ++counts.formats;
     counts.items += items.list.size();
     if (written == expected) return true;
-    std::cout << "FORMAT " << format << "\nruntime:\n" << expected << "\ndoor:\n" << written << "\n";
+    std::cout << "FORMAT " << format << "\nruntime:\n"
+              << expected << "\ndoor:\n"
+              << written << "\n";
     return false;
 }
 
@@ -69,9 +71,8 @@ int compare(std::uint64_t items, std::uint64_t seed) {
             if (!agree_on_read(random, counts)) return 1;
         }
     }
-    std::cout << counts.formats << " FORMATs with " << counts.items << " items, "
-              << counts.fields << " fields of which " << counts.numbers
-              << " are numbers: no difference\n";
+    std::cout << counts.formats << " FORMATs with " << counts.items << " items, " << counts.fields
+              << " fields of which " << counts.numbers << " are numbers: no difference\n";
     return 0;
 }
 

@@ -11,8 +11,8 @@
 namespace korvat::test {
 namespace {
 
-using fortran::Item;
 using fortran::FormatStep;
+using fortran::Item;
 
 int below(Random& random, int limit) {
     return static_cast<int>(random() % static_cast<std::uint64_t>(limit));
@@ -46,8 +46,8 @@ std::string data_descriptor(Random& random) {
 }
 
 std::string literal(Random& random) {
-    constexpr std::array<std::string_view, 6> texts = {
-        "' '", "'VAL=''x'','", "' **** SR/'", "''''", "'   '", "'-'"};
+    constexpr std::array<std::string_view, 6> texts = {"' '",  "'VAL=''x'','", "' **** SR/'",
+                                                       "''''", "'   '",        "'-'"};
     return std::string(texts[static_cast<std::size_t>(below(random, texts.size()))]);
 }
 
@@ -164,7 +164,8 @@ RandomItems random_items(Random& random, std::string_view kinds) {
         } else if (kind == 'a') {
             std::string text(static_cast<std::size_t>(below(random, 100)), ' ');
             for (char& c : text)
-                c = static_cast<char>(below(random, 30) == 0 ? below(random, 256) : ' ' + below(random, 95));
+                c = static_cast<char>(below(random, 30) == 0 ? below(random, 256)
+                                                             : ' ' + below(random, 95));
             items.texts.push_back(std::move(text));
             const std::string& kept = items.texts.back();
             items.list.push_back(random() % 2 == 0 ? Item(fortran::characters(kept))

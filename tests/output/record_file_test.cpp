@@ -58,8 +58,8 @@ std::string item_bytes(Add add) {
 
 // A record of these bytes, without the bytes of the file around it.
 std::string framed(std::string_view record) {
-    const std::string bytes = file_bytes(
-        [&](const RecordFile& file) { RecordBuilder(file).add(record).write(); });
+    const std::string bytes =
+        file_bytes([&](const RecordFile& file) { RecordBuilder(file).add(record).write(); });
     return bytes.substr(1, bytes.size() - 2);
 }
 

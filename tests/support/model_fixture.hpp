@@ -103,7 +103,8 @@ protected:
 private:
     // What is still in the unit's buffer goes into its file first.
     std::string written(int unit, const std::string& name) {
-        if (store_ && !cmn().runtime.wrote_all(unit)) throw std::runtime_error("cannot write " + name);
+        if (store_ && !cmn().runtime.wrote_all(unit))
+            throw std::runtime_error("cannot write " + name);
         return directory.read_file(name);
     }
 
