@@ -191,7 +191,8 @@ std::FILE* open_stream(Stream& stream, const char* name, const char* mode) {
         &stream, mode,
         {.read = read_stream, .write = write_stream, .seek = seek_stream, .close = close_stream});
     if (stream.file != nullptr && board->buffer_size > 0) {
-        setvbuf(stream.file, stream.buffer, _IOFBF, board->buffer_size);
+        static const auto real = next(&setvbuf, "setvbuf");
+        real(stream.file, stream.buffer, _IOFBF, board->buffer_size);
     }
     return stream.file;
 }
@@ -269,6 +270,12 @@ int fflush(std::FILE* file) {
     stream->descriptor = descriptor;
     errno = error;
     return EOF;
+}
+
+// The program's streams keep the blocks that the board asks for.
+int setvbuf(std::FILE* file, char* buffer, int mode, std::size_t size) {
+    static const auto real = next(&setvbuf, "setvbuf");
+    return stream_of(file) != nullptr ? 0 : real(file, buffer, mode, size);
 }
 
 int fileno(std::FILE* file) {
