@@ -14,6 +14,8 @@
 
 namespace korvat::fortran {
 
+class FormatProgram;
+
 enum class OpenStatus { old_file, new_file };
 
 // The file of unit 6 while no file is open on it.
@@ -27,8 +29,17 @@ struct WriteFault {
 
 // One run's unit table and command line. Units 0, 5 and 6 start on standard error, input and
 // output. A record of unit 0 that equals the one before it is not shown again; when another follows,
-// and when the unit is closed, a line tells how often it came. A unit that no open has connected is connected at its first use, whatever that is, to a
-// fresh scratch file `fem_io_unit_NNN` in the current directory.
+// and when the unit is closed, a line tells how often it came. A unit that no open has connected is
+// connected at its first use, whatever that is, to a fresh scratch file `fem_io_unit_NNN` in the
+// current directory.
+//
+// The runtime takes every FORMAT apart anew at each write, sends each number through printf and each
+// line to the system. A run writes hundreds of thousands of lines, so the way of the characters is
+// taken over here: a FORMAT is taken apart once, by the runtime's own tokens (FormatProgram); items
+// are edited straight into the buffer of their unit (edit_items and the editors of i, f and e, the
+// last by the runtime's conversion); lines are found in blocks that are read at once (UnitStream).
+// The runtime opens, cuts, rewinds, closes and deletes the files and converts the numbers of the deck.
+// Every byte is what the runtime writes: tests/differential compares both ways, item by item.
 //
 // Where a scratch file cannot be made, a std::exception leaves the call. Any other write that fails
 // is silent, as the runtime has it; wrote_all and write_faults tell of it.
@@ -92,7 +103,7 @@ public:
 private:
     struct State;
 
-    void close_stream(int unit);
+    void write_error_record(const FormatProgram& program, std::span<const Item> items);
     ReadStatus read_characters(int unit, std::span<char> characters);
 
     std::unique_ptr<State> state_;

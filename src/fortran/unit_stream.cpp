@@ -8,11 +8,11 @@ namespace {
 constexpr std::size_t buffer_size = 65536;
 constexpr std::size_t block_size = 4096; // of file systems
 
+} // namespace
+
 bool is_standard_stream(const std::FILE* file) {
     return file == stdin || file == stdout || file == stderr;
 }
-
-} // namespace
 
 UnitStream::UnitStream(std::FILE* file) : file_(file) {
     // One buffer is enough.

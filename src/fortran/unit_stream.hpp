@@ -11,6 +11,8 @@ namespace korvat::fortran {
 
 enum class ReadStatus { line, end, error };
 
+[[nodiscard]] bool is_standard_stream(const std::FILE* file);
+
 // What is written stays in the buffer until it is full or `empty` is called; what is read comes in
 // large blocks. Never both at once: the caller empties the buffer in between. The file is the
 // runtime's, which opens, positions and closes it.
