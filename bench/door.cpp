@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 #include <random>
 #include <stdexcept>
@@ -70,6 +71,9 @@ private:
 
 class FormattedByCLibrary {
 public:
+    FormattedByCLibrary() {
+        if (!file_) throw std::runtime_error("cannot make snprintf.txt");
+    }
     void put(const Line& l) {
         std::array<char, 128> text{};
         const int length = std::snprintf(
@@ -167,6 +171,11 @@ int main(int argc, char** argv) {
         std::fputs("usage: korvat_bench ROUNDS LINES\n", stderr);
         return 2;
     }
-    korvat::bench::run(rounds, count);
+    try {
+        korvat::bench::run(rounds, count);
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "korvat_bench: %s\n", fault.what());
+        return 1;
+    }
     return 0;
 }

@@ -1,6 +1,7 @@
 """Takes the figures: whole runs side by side, growth, lines and numbers through the door, shares of the instructions."""
 import os
 import pathlib
+import random
 import shutil
 import subprocess
 import sys
@@ -69,12 +70,13 @@ class Contender:
 
 
 def side_by_side(figures, prefix, contenders, scratch, runs):
-    """Takes a sample of each contender in every round; each round begins with another one."""
+    """Takes a sample of each contender in every turn, in an order drawn anew, so that none always follows the same one."""
+    order = random.Random(1)
     first = {c.name: c.sample(scratch, 1)[0] for c in contenders}  # warms up
     repeats = {name: max(1, min(MOST_REPEATS, round(SAMPLE_SECONDS / wall))) for name, wall in first.items()}
-    for turn in range(runs):
-        at = turn % len(contenders)
-        for contender in contenders[at:] + contenders[:at]:
+    for _ in range(runs):
+        for contender in order.sample(contenders, len(contenders)):
+            os.sync()  # what the one before has written is stored before the clock starts
             times = contender.sample(scratch, repeats[contender.name])
             for kind, seconds in zip(("wall", "user", "system"), times):
                 figures.add(f"{prefix}/{contender.name}/{kind}", 1000.0 * seconds, "ms")
@@ -92,21 +94,25 @@ def programs(program, before):
     return {"korvat": program, **({"before": before} if before else {})}
 
 
-def whole(figures, options, scratch):
+def whole(figures, options, scratch, group="whole"):
     """Each deck: the program against a copy of the files that it writes and against a process that does nothing."""
     for name, deck in whole_decks(options.decks).items():
         runs_of = [Contender(who, [path], deck) for who, path in programs(options.program, options.before).items()]
         room = runs_of[0].fresh(scratch)
         runs_of[0].run(room)
         written = [room / output for output in OUTPUTS if (room / output).exists()]
-        figures.add(f"whole/{name}/written", sum(path.stat().st_size for path in written), "bytes")
+        figures.add(f"{group}/{name}/written", sum(path.stat().st_size for path in written), "bytes")
         copy = Contender("cp", ["/bin/cp", "--reflink=never", *written, "."])
-        side_by_side(figures, f"whole/{name}", [*runs_of, copy, Contender("true", ["/bin/true"])], scratch, options.runs)
+        side_by_side(figures, f"{group}/{name}", [*runs_of, copy, Contender("true", ["/bin/true"])], scratch, options.runs)
         shutil.rmtree(room)
         for contender in runs_of if os.path.exists(GNU_TIME) else []:
-            figures.add(f"whole/{name}/{contender.name}/memory", peak_memory(contender, scratch), "MiB")
+            figures.add(f"{group}/{name}/{contender.name}/memory", peak_memory(contender, scratch), "MiB")
     if not os.path.exists(GNU_TIME):
         print(f"bench: {GNU_TIME} is missing, peak memory is not measured", file=sys.stderr)
+
+
+def whole_in_memory(figures, options, scratch):
+    whole(figures, options, scratch, "memory")
 
 
 def empty(figures, options, scratch):
@@ -145,4 +151,5 @@ def shares(figures, options, scratch):
         figures.add(f"shares/{who}/instructions", sum(counts.values()) / 1e6, "million")
 
 
-GROUPS = {"whole": whole, "empty": empty, "door": door, "growth": growth, "shares": shares}
+GROUPS = {"whole": whole, "memory": whole_in_memory, "empty": empty, "door": door, "growth": growth, "shares": shares}
+IN_MEMORY = ("memory", "growth")  # measured in the scratch that no disk disturbs

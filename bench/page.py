@@ -4,6 +4,7 @@ In the page a table stands between <!--table NAME--> and <!--/table-->, a figure
 """
 import pathlib
 import re
+import statistics
 import sys
 import tempfile
 
@@ -24,20 +25,20 @@ KIND_COLOURS = dict(zip(tables.KIND_NAMES, ("#1f5fa8", "#5aa0d8", "#c8501e", "#3
 
 
 def figures_in_text(figures):
-    def whole(deck, other):
-        return tables.shown(tables.ratio(figures, f"whole/{deck}/korvat/wall", f"whole/{deck}/{other}/wall"), 2)
+    def of_copy(group, deck):
+        return tables.shown(tables.ratio(figures, f"{group}/{deck}/korvat/wall", f"{group}/{deck}/cp/wall"), 2)
 
     def door(ours, other):
         return tables.shown(tables.ratio(figures, f"door/{ours}/door", f"door/{ours}/{other}"), 2)
 
     def times(deck):
         pairs = figures.ratios(f"whole/{deck}/before/wall", f"whole/{deck}/korvat/wall")
-        return tables.shown(kept.statistics.median(pairs), 2)
+        return tables.shown(statistics.median(pairs), 2)
 
     return {
         **{key: str(figures.about[key]) for key in ("date", "processor", "cores", "runs")},
-        "largest-cp": whole("largest", "cp"), "typical-cp": whole("typical", "cp"), "largest-times": times("largest"), "typical-times": times("typical"),
-        "largest-ms": tables.shown(figures.median("whole/largest/korvat/wall")),
+        "largest-cp": of_copy("whole", "largest"), "largest-memory-cp": of_copy("memory", "largest"), "largest-times": times("largest"),
+        "typical-cp": of_copy("whole", "typical"), "typical-memory-cp": of_copy("memory", "typical"), "typical-times": times("typical"),
         "largest-megabytes": f"{figures.median('whole/largest/written') / 1e6:.0f}",
         "runtime-times": door("write", "runtime"), "snprintf-times": door("write", "snprintf"), "strtod-times": door("read", "strtod"),
         "system-share": share_of_system(figures),
@@ -57,7 +58,7 @@ def draw_growth(figures, path):
         points = {who: [(n / 1000, t) for n, t in tables.series_points(figures, series, who)] for who, _ in whose}
         largest = max(t for line in points.values() for _, t in line)
         width = max(n for n, _ in points["korvat"])
-        frame = Frame(80 + 310 * column, 60, 330 + 310 * column, 310, (0.0, 1.03 * width), (1.08 * largest, 0.0))
+        frame = Frame(75 + 315 * column, 60, 305 + 315 * column, 310, (0.0, 1.03 * width), (1.08 * largest, 0.0))
         frame.draw(drawing, nice_step(width), nice_step(largest), f"thousand {series}", "ms")
         for who, colour in whose:
             slope, intercept, _ = kept.fitted_line(points[who])
@@ -89,10 +90,10 @@ def draw_time(figures, path):
             left += scale * time
         drawing.text((left + 8, top + 23.0), tables.shown(sum(times.values())), "start")
     for place, (kind, name) in enumerate(tables.KIND_NAMES.items()):
-        x, y = 90.0 + 280 * (place % 3), 80.0 + 56 * len(bars) + 30 * (place // 3)
+        x, y = 90.0 + 280 * (place % 3), 76.0 + 56 * len(bars) + 30 * (place // 3)
         drawing.square((x, y), 14, KIND_COLOURS[kind], "none")
         drawing.text((x + 16, y + 4.5), name, "start", colour=INK)
-    drawing.text((90.0, 138.0 + 56 * len(bars)), "Each bar has one scale. For cp, its start stands under start and end.", "start", size=12, colour=GREY)
+    drawing.text((83.0, 142.0 + 56 * len(bars)), "All bars have one scale. The user time of cp stands under start and end.", "start", size=12, colour=GREY)
     drawing.write(path)
 
 

@@ -1,7 +1,7 @@
 """The tables that figures give, for the terminal and for the document. Every number in them is a median."""
 import statistics
 
-from figures import compare, fitted_line
+from figures import compare, fitted_line, quartiles
 
 KIND_NAMES = {
     "lines": "editing and writing lines",
@@ -38,18 +38,25 @@ def processor(figures, prefix):
     return statistics.median(figures.sums(f"{prefix}/user", f"{prefix}/system"))
 
 
-def whole_table(figures):
+def middle_half(samples):
+    return " to ".join(shown(value, 2) for value in quartiles(samples))
+
+
+def whole_table(figures, group="whole"):
     before = has_before(figures)
-    header = ["deck", "MB written", "run, ms", "cp, ms", "run / cp", "true, ms", "run / true", "processor, ms", "MiB"]
+    header = ["deck", "MB written", "run, ms", "cp, ms", "run / cp", "middle half", "true, ms", "run / true", "processor, ms", "MiB"]
     rows = []
-    for deck in decks_of(figures, "whole"):
-        at = f"whole/{deck}"
+    for deck in decks_of(figures, group):
+        at = f"{group}/{deck}"
         memory = f"{at}/korvat/memory"
         row = [
             deck,
             f"{figures.median(f'{at}/written') / 1e6:.2f}",
             *(shown(v) for v in (
                 figures.median(f"{at}/korvat/wall"), figures.median(f"{at}/cp/wall"), ratio(figures, f"{at}/korvat/wall", f"{at}/cp/wall"),
+            )),
+            middle_half(figures.ratios(f"{at}/korvat/wall", f"{at}/cp/wall")),
+            *(shown(v) for v in (
                 figures.median(f"{at}/true/wall"), ratio(figures, f"{at}/korvat/wall", f"{at}/true/wall"), processor(figures, f"{at}/korvat"),
             )),
             f"{figures.median(memory):.1f}" if memory in figures else "",
@@ -58,6 +65,10 @@ def whole_table(figures):
             row += [shown(figures.median(f"{at}/before/wall")), shown(ratio(figures, f"{at}/korvat/wall", f"{at}/before/wall"))]
         rows.append(row)
     return header + (["before, ms", "run / before"] if before else []), rows
+
+
+def memory_table(figures):
+    return whole_table(figures, "memory")
 
 
 def empty_table(figures):
@@ -119,9 +130,10 @@ def shares_table(figures):
     return header, rows
 
 
-TABLES = {"whole": whole_table, "empty": empty_table, "door": door_table, "growth": growth_table, "shares": shares_table}
+TABLES = {"whole": whole_table, "memory": memory_table, "empty": empty_table, "door": door_table, "growth": growth_table, "shares": shares_table}
 TITLES = {
     "whole": "whole runs",
+    "memory": "whole runs in a memory-backed directory",
     "empty": "an empty directory",
     "door": "lines written and numbers read in a second",
     "growth": "growth of the processor time, with a straight line through it",

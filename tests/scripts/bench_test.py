@@ -27,7 +27,7 @@ NEW = """{"version": 1, "processor": "two", "figures": {
   "whole/a/korvat/memory": {"unit": "MiB", "samples": [5.0]},
   "whole/a/korvat/wall": {"unit": "ms", "samples": [5.0, 6.0, 7.0, 4.0]}}}"""
 
-# main spends 10 itself, 200 through edit_fixed and 300 through memcpy (100 from edit_fixed, 300 from save of 400).
+# main spends 10 itself, edit_fixed 100 and 100 more in memcpy, save 50 and 300 more in memcpy.
 PROFILE = """events: Ir
 fn=(1) main
 5 10
