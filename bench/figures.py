@@ -63,8 +63,22 @@ def quartiles(samples):
     return low, high
 
 
+def with_processor_times(figures):
+    """User and system times as their sums: the system splits a time between the two by its clock ticks, too coarsely for short runs."""
+    merged = Figures(figures.about)
+    for name, samples in figures.samples.items():
+        if name.endswith("/system"):
+            continue
+        at = name.removesuffix("/user")
+        summed = figures.sums(name, f"{at}/system") if at != name else samples
+        for sample in summed:
+            merged.add(name if at == name else f"{at}/processor", sample, figures.units[name])
+    return merged
+
+
 def compare(old, new):
     """For each figure of both: name, unit, both medians, new over old, and whether the middle halves of the samples lie apart."""
+    old, new = with_processor_times(old), with_processor_times(new)
     pairs = []
     for name, samples in new.samples.items():
         if name not in old:

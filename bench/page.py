@@ -41,8 +41,15 @@ def figures_in_text(figures):
         "typical-cp": of_copy("whole", "typical"), "typical-memory-cp": of_copy("memory", "typical"), "typical-times": times("typical"),
         "largest-megabytes": f"{figures.median('whole/largest/written') / 1e6:.0f}",
         "runtime-times": door("write", "runtime"), "snprintf-times": door("write", "snprintf"), "strtod-times": door("read", "strtod"),
-        "system-share": share_of_system(figures),
+        "upper-slope": slope_of_upper_half(figures), "system-share": share_of_system(figures),
     }  # fmt: skip
+
+
+def slope_of_upper_half(figures):
+    """Of the elements: the slope from half the largest size to the largest, over that of the line through all."""
+    points = tables.series_points(figures, "elements", "korvat")
+    (low, start), (high, end) = next(p for p in points if 2 * p[0] >= points[-1][0]), points[-1]
+    return f"{(end - start) / (high - low) / kept.fitted_line(points)[0]:.2f}"
 
 
 def share_of_system(figures):

@@ -19,12 +19,14 @@ PROGRAM = sys.argv.pop(1)
 OLD = """{"version": 1, "processor": "one", "figures": {
   "whole/a/korvat/wall": {"unit": "ms", "samples": [12.0, 10.0, 11.0]},
   "whole/b/korvat/wall": {"unit": "ms", "samples": [1.0, 2.0, 3.0]},
+  "whole/a/korvat/user": {"unit": "ms", "samples": [1.0, 2.0]}, "whole/a/korvat/system": {"unit": "ms", "samples": [3.0, 6.0]},
   "whole/a/korvat/memory": {"unit": "MiB", "samples": [4.0]},
   "only/old": {"unit": "ms", "samples": [1.0]}}}"""
 NEW = """{"version": 1, "processor": "two", "figures": {
   "only/new": {"unit": "ms", "samples": [1.0]},
   "whole/b/korvat/wall": {"unit": "ms", "samples": [2.0, 3.0, 4.0]},
   "whole/a/korvat/memory": {"unit": "MiB", "samples": [5.0]},
+  "whole/a/korvat/system": {"unit": "ms", "samples": [1.0]}, "whole/a/korvat/user": {"unit": "ms", "samples": [8.0]},
   "whole/a/korvat/wall": {"unit": "ms", "samples": [5.0, 6.0, 7.0, 4.0]}}}"""
 
 # main spends 10 itself, edit_fixed 100 and 100 more in memcpy, save 50 and 300 more in memcpy.
@@ -107,6 +109,8 @@ class Comparison(unittest.TestCase):
                 "whole/a/korvat/wall": ["ms", 11.0, 5.5, 0.5, True],
                 # the middle halves are 1.5 to 2.5 and 2.5 to 3.5
                 "whole/b/korvat/wall": ["ms", 2.0, 3.0, 1.5, False],
+                # 4 and 8 before, 9 now
+                "whole/a/korvat/processor": ["ms", 6.0, 9.0, 1.5, True],
                 "whole/a/korvat/memory": ["MiB", 4.0, 5.0, 1.25, True],
             },
         )
