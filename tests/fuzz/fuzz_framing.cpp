@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvat::test {
@@ -28,6 +29,10 @@ private:
 
 std::vector<unsigned char> as_bytes(const std::string& text) {
     return {text.begin(), text.end()};
+}
+
+std::string_view as_text(const Record& record) {
+    return {reinterpret_cast<const char*>(record.data()), record.size()};
 }
 
 void append_little_endian(Record& record, std::uint64_t value, int count) {
@@ -106,7 +111,7 @@ void check_inverse(const std::string& content) {
     {
         const RecordFile file(std::make_shared<MemoryStream>(again));
         for (const Record& record : records)
-            RecordBuilder(file).add(std::string(record.begin(), record.end())).write();
+            RecordBuilder(file).add(as_text(record)).write();
     }
     require(again == content, "what is written is what was read");
 }
