@@ -13,8 +13,7 @@ namespace korvat::test {
 
 namespace {
 
-std::filesystem::path make_fresh_directory() {
-    const std::filesystem::path parent = std::filesystem::temp_directory_path();
+std::filesystem::path make_fresh_directory(const std::filesystem::path& parent) {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::string name =
@@ -27,7 +26,8 @@ std::filesystem::path make_fresh_directory() {
 
 } // namespace
 
-ScratchDirectory::ScratchDirectory() : path_(make_fresh_directory()) {}
+ScratchDirectory::ScratchDirectory(const std::filesystem::path& parent)
+    : path_(make_fresh_directory(parent)) {}
 
 ScratchDirectory::~ScratchDirectory() {
     std::error_code ignored;
