@@ -66,7 +66,7 @@ void check_pile_file(int exit_code) {
     require(content.size() >= 2 && content.front() == 'K' && content.back() == '\x82',
             "frame of the pile file");
     if (exit_code != 0) return;
-    const PileFile piles = parse_pile_file(parse_record_bytes({content.begin(), content.end()}));
+    const PileFile piles = parse_pile_file(parse_record_bytes(content));
     require(!piles.piles.empty() && !piles.sections.empty(), "piles and cross sections");
 }
 
