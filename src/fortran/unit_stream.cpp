@@ -94,10 +94,10 @@ void UnitStream::take_line(std::span<char> characters, std::size_t length, bool 
 
 ReadStatus UnitStream::skip_to_line_end() {
     while (true) {
-        const void* const line_end =
-            std::memchr(buffer_.get() + read_, '\n', filled_ - read_);
+        const void* const line_end = std::memchr(buffer_.get() + read_, '\n', filled_ - read_);
         if (line_end != nullptr) {
-            read_ = static_cast<std::size_t>(static_cast<const char*>(line_end) - buffer_.get()) + 1;
+            read_ =
+                static_cast<std::size_t>(static_cast<const char*>(line_end) - buffer_.get()) + 1;
             return ReadStatus::line;
         }
         read_ = filled_;

@@ -13,8 +13,8 @@
 namespace korvat::test {
 namespace {
 
-using fortran::Item;
 using fortran::FormatStep;
+using fortran::Item;
 
 int below(Choices& choices, int count) {
     return static_cast<int>(choices.below(static_cast<std::uint64_t>(count)));
@@ -52,8 +52,8 @@ std::string data_descriptor(Choices& choices) {
 }
 
 std::string literal(Choices& choices) {
-    constexpr std::array<std::string_view, 6> texts = {
-        "' '", "'VAL=''x'','", "' **** SR/'", "''''", "'   '", "'-'"};
+    constexpr std::array<std::string_view, 6> texts = {"' '",  "'VAL=''x'','", "' **** SR/'",
+                                                       "''''", "'   '",        "'-'"};
     return std::string(texts[static_cast<std::size_t>(below(choices, texts.size()))]);
 }
 
@@ -141,7 +141,8 @@ double chosen_real(Choices& choices) {
         value = below(choices, 100000) / std::pow(10.0, below(choices, 8));
         break;
     default:
-        value = std::ldexp(static_cast<double>(choices.any_bits() >> 11), between(choices, -75, -30));
+        value =
+            std::ldexp(static_cast<double>(choices.any_bits() >> 11), between(choices, -75, -30));
     }
     if (below(choices, 4) == 0) value = next_to(choices, value);
     return is_heads(choices) ? value : -value;
@@ -171,7 +172,8 @@ Items chosen_items(Choices& choices, std::string_view kinds) {
         } else if (kind == 'a') {
             std::string text(static_cast<std::size_t>(below(choices, 100)), ' ');
             for (char& c : text)
-                c = static_cast<char>(below(choices, 30) == 0 ? below(choices, 256) : ' ' + below(choices, 95));
+                c = static_cast<char>(below(choices, 30) == 0 ? below(choices, 256)
+                                                              : ' ' + below(choices, 95));
             items.texts.push_back(std::move(text));
             const std::string& kept = items.texts.back();
             items.list.push_back(is_heads(choices) ? Item(fortran::characters(kept))
@@ -196,14 +198,16 @@ std::string chosen_number_field(Choices& choices) {
         std::snprintf(text, sizeof text, "%d", below(choices, 100000));
         break;
     default:
-        std::snprintf(text, sizeof text, "%.*f", below(choices, 12),
-                      std::ldexp(static_cast<double>(choices.any_bits() >> 11), between(choices, -70, -20)));
+        std::snprintf(
+            text, sizeof text, "%.*f", below(choices, 12),
+            std::ldexp(static_cast<double>(choices.any_bits() >> 11), between(choices, -70, -20)));
     }
     std::string field(text);
     field.resize(std::min<std::size_t>(field.size(), 50));
     using namespace std::string_view_literals;
     constexpr std::string_view odd = "+-.eEdD,\t\rx0 1\0"sv;
-    for (int i = below(choices, 8) == 0 ? between(choices, 1, 3) : 0; i > 0 && !field.empty(); --i) {
+    for (int i = below(choices, 8) == 0 ? between(choices, 1, 3) : 0; i > 0 && !field.empty();
+         --i) {
         field[static_cast<std::size_t>(below(choices, static_cast<int>(field.size())))] =
             odd[static_cast<std::size_t>(below(choices, static_cast<int>(odd.size())))];
     }

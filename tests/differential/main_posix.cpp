@@ -75,9 +75,8 @@ int compare(std::uint64_t items, std::uint64_t seed) {
             if (!agree_on_read(choices, counts)) return 1;
         }
     }
-    std::cout << counts.formats << " FORMATs with " << counts.items << " items, "
-              << counts.fields << " fields of which " << counts.numbers
-              << " are numbers: no difference\n";
+    std::cout << counts.formats << " FORMATs with " << counts.items << " items, " << counts.fields
+              << " fields of which " << counts.numbers << " are numbers: no difference\n";
     return 0;
 }
 

@@ -22,9 +22,9 @@ std::vector<std::string> descriptors(std::string_view format, std::size_t count)
     std::vector<std::string> found;
     while (found.size() < count) {
         const fem::utils::token& token = *loop.next_executable_token();
-        const bool is_data = token.type == "format" &&
-                             std::string_view("aief").find(token.value.front()) !=
-                                 std::string_view::npos;
+        const bool is_data =
+            token.type == "format" &&
+            std::string_view("aief").find(token.value.front()) != std::string_view::npos;
         if (is_data) found.push_back(token.value);
     }
     return found;

@@ -85,13 +85,6 @@ void check_files(const std::vector<std::string>& names, int exit_code) {
 } // namespace
 } // namespace korvat::test
 
-// Most of a sanitized run's time goes into allocation. The stacks kept with it are short (two frames
-// are what the search for leaks needs), and so is the quarantine, which the store fills otherwise
-// with fresh memory at each run. ASAN_OPTIONS has the last word.
-extern "C" const char* __asan_default_options() {
-    return "malloc_context_size=2:quarantine_size_mb=4";
-}
-
 // The directory is empty before and after: a run that ends badly ends the process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace korvat;

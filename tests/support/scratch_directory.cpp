@@ -61,7 +61,7 @@ std::string read_whole_file(const std::filesystem::path& path) {
         throw std::runtime_error("cannot read " + path.string());
     }
     // Not every file tells its size, those of /proc do not.
-    constexpr std::size_t least_room = 65536;
+    constexpr std::size_t least_room = 4096;
     std::string content;
     std::size_t size = 0;
     do {
