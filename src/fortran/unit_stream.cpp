@@ -86,7 +86,7 @@ void UnitStream::take_line(std::span<char> characters, std::size_t length, bool 
     const bool ends_with_cr = length > 0 && line[length - 1] == '\r';
     const std::size_t shown = ends_with_cr && !is_last ? length - 1 : length;
     const std::size_t kept = std::min(shown, characters.size());
-    std::memcpy(characters.data(), line, kept);
+    std::copy_n(line, kept, characters.data()); // none where a line is skipped
     std::fill(characters.begin() + static_cast<std::ptrdiff_t>(kept), characters.end(), ' ');
     if (is_last && ends_with_cr && length < characters.size()) characters[length] = '\0';
     read_ += is_last ? length : length + 1;
@@ -121,7 +121,7 @@ ReadStatus UnitStream::read_line(std::span<char> characters) {
         }
         searched = left;
         if (left == buffer_size) { // longer than any that is looked at
-            std::memcpy(characters.data(), buffer_.get(), characters.size());
+            std::copy_n(buffer_.get(), characters.size(), characters.data());
             return skip_to_line_end();
         }
         if (refill()) continue;

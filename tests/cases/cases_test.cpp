@@ -41,7 +41,7 @@ std::string name_of_case(const testing::TestParamInfo<std::filesystem::path>& in
 }
 
 std::vector<Record> records_of(const std::string& content) {
-    return parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
+    return parse_record_bytes(content);
 }
 
 void expect_none(const std::vector<std::string>& differences) {

@@ -77,7 +77,7 @@ std::vector<Record> records_of_run(const std::string& deck, const std::string& f
         ADD_FAILURE() << difference;
     EXPECT_EQ(run.exit_code, 0) << run.standard_error;
     const std::string& content = run.files.at(file);
-    return parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
+    return parse_record_bytes(content);
 }
 
 std::vector<Slots> sections_of_run(const std::string& deck) {

@@ -105,8 +105,7 @@ void expect_mirrored_sums(const PileFile& file, const RandomGroup& group) {
 
 void expect_deck_as_made(const RandomDeck& deck, const CaseResult& run) {
     const std::string& content = run.files.at("PILE.07");
-    const std::vector<Record> records =
-        parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
+    const std::vector<Record> records = parse_record_bytes(content);
     const PileFile file = parse_pile_file(records);
     ASSERT_EQ(file.piles.size(), deck.piles.size());
     for (int number = 1; number <= static_cast<int>(deck.piles.size()); ++number) {

@@ -34,7 +34,7 @@ std::vector<std::filesystem::path> runs_of_other_system() {
 }
 
 std::vector<Record> records_of(const std::string& bytes) {
-    return parse_record_bytes(std::vector<unsigned char>(bytes.begin(), bytes.end()));
+    return parse_record_bytes(bytes);
 }
 
 // Revision 5 has one record of four tables, axial force and moment at first yield and at full

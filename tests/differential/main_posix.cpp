@@ -1,16 +1,15 @@
 // Compares the door's editing and reading of numbers with the runtime's own, item by item:
 // korvat_differential ITEMS [SEED]. Ends with 1 at the first difference.
-#include "differential/random_formats.hpp"
-#include "differential/runtime_reference.hpp"
+#include "differential/choices.hpp"
+#include "differential/comparison.hpp"
+#include "support/source_formats.hpp"
 
-#include "fortran/formatted_write.hpp"
-#include "fortran/number.hpp"
-
-#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
+#include <random>
 #include <string>
+#include <string_view>
 
 namespace korvat::test {
 namespace {
@@ -22,53 +21,58 @@ struct Counts {
     std::uint64_t numbers = 0; // of the fields
 };
 
-std::string door_written(std::string_view format, std::span<const fortran::Item> items) {
-    fortran::TextSink sink;
-    fortran::edit_items(sink, fortran::FormatProgram(format), items, "\n");
-    return sink.text();
+class RandomChoices : public Choices {
+public:
+    explicit RandomChoices(std::uint64_t seed) : engine_(seed) {}
+
+    std::uint64_t below(std::uint64_t count) override { return engine_() % count; }
+    std::uint64_t any_bits() override { return engine_(); }
+
+private:
+    std::mt19937_64 engine_;
+};
+
+bool is_none(const std::string& difference) {
+    if (difference.empty()) return true;
+    std::cout << difference << "\n";
+    return false;
 }
 
-bool agree_on_write(Random& random, Counts& counts) {
-    const std::string format = random_format(random);
-    const std::string letters = descriptor_letters(format, random() % 40);
-    const RandomItems items = random_items(random, letters);
-    const std::string expected = runtime_written(format, items.list);
-    const std::string written = door_written(format, items.list);
+bool agree_on_write(std::string_view format, Choices& choices, Counts& counts) {
+    const std::string letters = descriptor_letters(format, choices.below(40));
+    const Items items = chosen_items(choices, letters);
     ++counts.formats;
     counts.items += items.list.size();
-    if (written == expected) return true;
-    std::cout << "FORMAT " << format << "\nruntime:\n"
-              << expected << "\ndoor:\n"
-              << written << "\n";
-    return false;
+    return is_none(difference_in_writing(format, items.list));
 }
 
-bool same(const std::optional<double>& a, const std::optional<double>& b) {
-    if (a.has_value() != b.has_value()) return false;
-    return !a || std::bit_cast<std::uint64_t>(*a) == std::bit_cast<std::uint64_t>(*b);
-}
-
-// The door refuses what has not the form of a number, and what is too large; whatever else it
-// takes, it takes for the same value.
-bool agree_on_read(Random& random, Counts& counts) {
-    const std::string field = random_number_field(random);
-    const auto read = fortran::convert_number(field);
+bool agree_on_read(Choices& choices, Counts& counts) {
+    const ReadComparison reading = compare_reading(chosen_number_field(choices));
     ++counts.fields;
-    if (!read) return true;
-    ++counts.numbers;
-    const auto expected = runtime_read(field);
-    if (same(read, expected)) return true;
-    std::cout << "field '" << field << "'\n";
-    return false;
+    if (reading.is_number) ++counts.numbers;
+    return is_none(reading.difference);
+}
+
+// The FORMATs of the program, each with several lists of items.
+bool agree_on_source_formats(Choices& choices, Counts& counts) {
+    for (const SourceFormat& format : source_formats()) {
+        for (int i = 0; i < 20; ++i) {
+            if (!agree_on_write(format.text, choices, counts)) return false;
+        }
+    }
+    return true;
 }
 
 int compare(std::uint64_t items, std::uint64_t seed) {
-    Random random(seed);
+    RandomChoices choices(seed);
     Counts counts;
+    if (!agree_on_source_formats(choices, counts)) return 1;
     while (counts.items < items || counts.fields < items) {
-        if (counts.items < items && !agree_on_write(random, counts)) return 1;
+        if (counts.items < items && !agree_on_write(chosen_format(choices), choices, counts)) {
+            return 1;
+        }
         for (int i = 0; i < 16 && counts.fields < items; ++i) {
-            if (!agree_on_read(random, counts)) return 1;
+            if (!agree_on_read(choices, counts)) return 1;
         }
     }
     std::cout << counts.formats << " FORMATs with " << counts.items << " items, " << counts.fields

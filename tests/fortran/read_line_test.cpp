@@ -149,6 +149,13 @@ TEST_F(ReadLine, WorksAfterSkippedLines) {
     EXPECT_EQ(next(unit), "four    ");
 }
 
+// Longer than what is read ahead.
+TEST_F(ReadLine, WorksAfterASkippedLineOfAnyLength) {
+    give(std::string(200000, 'x') + "\nnext\n");
+    runtime().skip_line(unit);
+    EXPECT_EQ(next(unit), "next    ");
+}
+
 TEST_F(ReadLine, SkippingTheLastLineIsAllowed) {
     give("one\ntwo");
     runtime().skip_line(unit);

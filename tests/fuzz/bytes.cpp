@@ -75,19 +75,19 @@ constexpr std::array extreme_reals{0.0,
 } // namespace
 
 std::uint8_t Bytes::take_byte() {
-    return static_cast<std::uint8_t>(take_little_endian(1));
+    return static_cast<std::uint8_t>(take_bits(1));
 }
 
 int Bytes::take_integer() {
     const std::size_t choice = take_byte();
     if (choice < extreme_integers.size()) return extreme_integers[choice];
-    return std::bit_cast<int>(static_cast<std::uint32_t>(take_little_endian(4)));
+    return std::bit_cast<int>(static_cast<std::uint32_t>(take_bits(4)));
 }
 
 double Bytes::take_real() {
     const std::size_t choice = take_byte();
     if (choice < extreme_reals.size()) return extreme_reals[choice];
-    return std::bit_cast<double>(take_little_endian(8));
+    return std::bit_cast<double>(take_bits(8));
 }
 
 std::string Bytes::take_text(std::size_t count) {
@@ -96,7 +96,7 @@ std::string Bytes::take_text(std::size_t count) {
     return text;
 }
 
-std::uint64_t Bytes::take_little_endian(std::size_t count) {
+std::uint64_t Bytes::take_bits(std::size_t count) {
     std::uint64_t value = 0;
     const std::size_t present = std::min(count, rest_.size());
     for (std::size_t i = present; i > 0; --i) {

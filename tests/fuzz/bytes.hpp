@@ -18,6 +18,9 @@ public:
     // 0 when none is left.
     std::uint8_t take_byte();
 
+    // As many bytes (at most 8), least significant first; the upper ones are 0 when none is left.
+    std::uint64_t take_bits(std::size_t count);
+
     // From a list of extreme values, or four or eight bytes as they are: a byte chooses.
     int take_integer();
     double take_real();
@@ -27,8 +30,6 @@ public:
     std::string take_rest() { return take_text(rest_.size()); }
 
 private:
-    std::uint64_t take_little_endian(std::size_t count);
-
     std::string_view rest_;
 };
 

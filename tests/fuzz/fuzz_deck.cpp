@@ -12,6 +12,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvat::test {
 namespace {
@@ -25,21 +26,15 @@ const std::string scratch_copy = "fem_io_unit_012"; // left by a run that is sto
 
 constexpr int stopped = -1;
 
-void clear_directory() {
-    for (const std::string& name : fuzz_scratch().list())
-        std::filesystem::remove(fuzz_scratch().path() / name);
-}
-
-void check_names(int exit_code) {
-    const std::string names[] = {input, log_file, "KORVAT.LIS", pile_file, load_file, plot_file};
-    for (const std::string& name : fuzz_scratch().list()) {
-        if (std::ranges::count(names, name) == 1) continue;
+void check_names(const std::vector<std::string>& names, int exit_code) {
+    const std::string known[] = {input, log_file, "KORVAT.LIS", pile_file, load_file, plot_file};
+    for (const std::string& name : names) {
+        if (std::ranges::count(known, name) == 1) continue;
         require(name == scratch_copy && exit_code == stopped, "file of a run: " + name);
     }
 }
 
 void check_log(int exit_code) {
-    require(fuzz_scratch().has(log_file), "a log");
     const std::string log = fuzz_scratch().read_file(log_file);
     if (exit_code == stopped) {
         require(log.find(" EXIT FROM KORVAT") == std::string::npos, "no exit line after a stop");
@@ -66,35 +61,46 @@ void check_report(const RunEnd& end) {
     require(end.report.ends_with("see KORVAT.MLG\n"), "end of the report: " + end.report);
 }
 
-void check_files(bool has_loads) {
-    const std::filesystem::path& directory = fuzz_scratch().path();
-    try {
-        const PileFile piles = parse_pile_file(read_record_file(directory / pile_file));
-        require(!piles.piles.empty() && !piles.sections.empty(), "piles and cross sections");
-        if (has_loads) require(!read_record_file(directory / load_file).empty(), "loads");
-    } catch (const std::runtime_error& error) {
-        require(false, error.what());
-    }
-    require(fuzz_scratch().has(plot_file), "a plot file");
+void check_pile_file(int exit_code) {
+    const std::string content = fuzz_scratch().read_file(pile_file);
+    require(content.size() >= 2 && content.front() == 'K' && content.back() == '\x82',
+            "frame of the pile file");
+    if (exit_code != 0) return;
+    const PileFile piles = parse_pile_file(parse_record_bytes(content));
+    require(!piles.piles.empty() && !piles.sections.empty(), "piles and cross sections");
+}
+
+// What a run leaves; a file that is missing or cannot be parsed raises.
+void check_files(const std::vector<std::string>& names, int exit_code) {
+    const auto has = [&](const std::string& name) { return std::ranges::count(names, name) == 1; };
+    check_names(names, exit_code);
+    check_log(exit_code);
+    check_pile_file(exit_code);
+    if (exit_code != 0) return;
+    require(has(plot_file), "a plot file");
+    if (!has(load_file)) return;
+    require(!read_record_file(fuzz_scratch().path() / load_file).empty(), "loads");
 }
 
 } // namespace
 } // namespace korvat::test
 
+// The directory is empty before and after: a run that ends badly ends the process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace korvat;
     using namespace korvat::test;
     const InFuzzScratch current;
-    clear_directory();
     fuzz_scratch().write_file(input, std::string_view(reinterpret_cast<const char*>(data), size));
     const RunEnd end = run_program(0, nullptr);
     require(end.exit_code >= stopped && end.exit_code <= 2, "exit code");
-    check_names(end.exit_code);
-    check_log(end.exit_code);
     check_report(end);
-    const std::string content = fuzz_scratch().read_file(pile_file);
-    require(content.size() >= 2 && content.front() == 'K' && content.back() == '\x82',
-            "frame of the pile file");
-    if (end.exit_code == 0) check_files(fuzz_scratch().has(load_file));
+    const std::vector<std::string> names = fuzz_scratch().list();
+    try {
+        check_files(names, end.exit_code);
+    } catch (const std::runtime_error& error) {
+        require(false, error.what());
+    }
+    for (const std::string& name : names)
+        std::filesystem::remove(fuzz_scratch().path() / name);
     return 0;
 }

@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvat::test {
@@ -26,8 +27,8 @@ private:
     std::string& bytes_;
 };
 
-std::vector<unsigned char> as_bytes(const std::string& text) {
-    return {text.begin(), text.end()};
+std::string_view as_text(const Record& record) {
+    return {reinterpret_cast<const char*>(record.data()), record.size()};
 }
 
 void append_little_endian(Record& record, std::uint64_t value, int count) {
@@ -81,7 +82,7 @@ void check_written(const Bytes& bytes) {
         const RecordFile file(std::make_shared<MemoryStream>(memory));
         written = write_records(bytes, file);
     }
-    require(parse_record_bytes(as_bytes(memory)) == written, "what is read is what was written");
+    require(parse_record_bytes(memory) == written, "what is read is what was written");
 }
 
 void check_file(const Bytes& bytes) {
@@ -98,7 +99,7 @@ void check_file(const Bytes& bytes) {
 void check_inverse(const std::string& content) {
     std::vector<Record> records;
     try {
-        records = parse_record_bytes(as_bytes(content));
+        records = parse_record_bytes(content);
     } catch (const std::runtime_error&) {
         return;
     }
@@ -106,7 +107,7 @@ void check_inverse(const std::string& content) {
     {
         const RecordFile file(std::make_shared<MemoryStream>(again));
         for (const Record& record : records)
-            RecordBuilder(file).add(std::string(record.begin(), record.end())).write();
+            RecordBuilder(file).add(as_text(record)).write();
     }
     require(again == content, "what is written is what was read");
 }

@@ -21,11 +21,6 @@ std::size_t count_digits(std::string_view text) {
     return std::min(text.find_first_not_of(digits), text.size());
 }
 
-std::string_view without_tabs(std::string_view token) {
-    const std::size_t first = std::min(token.find_first_not_of("\t\r"), token.size());
-    return token.substr(first, token.find_last_not_of("\t\r") + 1 - first);
-}
-
 int written_exponent(std::string_view token) {
     const std::size_t letter = token.find_first_of("eEdD");
     if (letter == std::string_view::npos) return 0;
@@ -51,6 +46,11 @@ bool has_form_of_number(std::string_view token) {
     token.remove_prefix(1);
     if (token.starts_with('+') || token.starts_with('-')) token.remove_prefix(1);
     return !token.empty() && count_digits(token) == token.size();
+}
+
+std::string_view without_tabs(std::string_view token) {
+    const std::size_t first = std::min(token.find_first_not_of("\t\r"), token.size());
+    return token.substr(first, token.find_last_not_of("\t\r") + 1 - first);
 }
 
 JudgedNumber judged_number(std::string_view token) {

@@ -19,7 +19,9 @@ struct JudgedNumber {
 // optional sign and digits: from the first to the last character.
 [[nodiscard]] bool has_form_of_number(std::string_view token);
 
-// Tabs and carriage returns around the number do not count.
+// Without the tabs and carriage returns around it, which do not count.
+[[nodiscard]] std::string_view without_tabs(std::string_view token);
+
 [[nodiscard]] JudgedNumber judged_number(std::string_view token);
 
 // Whether `found` is what the runtime may make of a number that is worth `value`: it keeps some 16

@@ -3,11 +3,21 @@
 
 #include "support/scratch_directory.hpp"
 
+#include <cstdlib>
+#include <unistd.h>
+
 namespace korvat::test {
 
-// One for the process, in the system's directory for temporary files; removed at a normal exit.
+// Where TMPDIR says; without it in memory if the system has a place there.
+inline std::filesystem::path fuzz_scratch_parent() {
+    constexpr const char* memory = "/dev/shm";
+    const bool is_memory = std::getenv("TMPDIR") == nullptr && access(memory, W_OK) == 0;
+    return is_memory ? memory : std::filesystem::temp_directory_path();
+}
+
+// One for the process; removed at a normal exit.
 inline const ScratchDirectory& fuzz_scratch() {
-    static const ScratchDirectory scratch;
+    static const ScratchDirectory scratch(fuzz_scratch_parent());
     return scratch;
 }
 

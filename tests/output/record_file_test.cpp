@@ -88,8 +88,7 @@ TEST(Framing, EveryLengthIsReadBackByTheIndependentReader) {
     for (std::size_t length = 1; length <= 400; ++length) {
         const std::string record = data(0, length);
         const std::string file = "K" + framed(record) + "\x82";
-        const auto records =
-            parse_record_bytes(std::vector<unsigned char>(file.begin(), file.end()));
+        const auto records = parse_record_bytes(file);
         ASSERT_EQ(records.size(), 1U) << length;
         EXPECT_EQ(std::string(records[0].begin(), records[0].end()), record) << length;
         // Two length bytes for each segment, the empty last one of a multiple of 128 among them.

@@ -4,6 +4,7 @@
 #include "scratch_directory.hpp"
 
 #include <bit>
+#include <span>
 #include <stdexcept>
 
 namespace korvat::test {
@@ -18,7 +19,7 @@ constexpr std::size_t segment_capacity = 128;
 
 class Parser {
 public:
-    explicit Parser(const std::vector<unsigned char>& bytes) : bytes_(bytes) {}
+    explicit Parser(std::span<const unsigned char> bytes) : bytes_(bytes) {}
 
     std::vector<Record> parse() {
         expect(header_byte, "header byte");
@@ -94,7 +95,7 @@ private:
         expect(opening, "closing byte of the last segment");
     }
 
-    const std::vector<unsigned char>& bytes_;
+    std::span<const unsigned char> bytes_;
     std::size_t position_ = 0;
 };
 
@@ -104,9 +105,12 @@ std::vector<Record> parse_record_bytes(const std::vector<unsigned char>& bytes) 
     return Parser(bytes).parse();
 }
 
+std::vector<Record> parse_record_bytes(std::string_view bytes) {
+    return Parser({reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()}).parse();
+}
+
 std::vector<Record> read_record_file(const std::filesystem::path& path) {
-    const std::string content = read_whole_file(path);
-    return parse_record_bytes(std::vector<unsigned char>(content.begin(), content.end()));
+    return parse_record_bytes(read_whole_file(path));
 }
 
 void RecordCursor::require(std::size_t count) const {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvat::test {
@@ -14,6 +15,7 @@ using Record = std::vector<unsigned char>;
 
 // Throws std::runtime_error that names the offset of the first byte that breaks the layout.
 std::vector<Record> parse_record_bytes(const std::vector<unsigned char>& bytes);
+std::vector<Record> parse_record_bytes(std::string_view bytes);
 std::vector<Record> read_record_file(const std::filesystem::path& path);
 
 // Takes the items of a record in order; throws std::runtime_error when the record is too short.

@@ -4,17 +4,14 @@
 #include <algorithm>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <stdexcept>
 #include <system_error>
-#include <utility>
 
 namespace korvat::test {
 
 namespace {
 
-std::filesystem::path make_fresh_directory() {
-    const std::filesystem::path parent = std::filesystem::temp_directory_path();
+std::filesystem::path make_fresh_directory(const std::filesystem::path& parent) {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::string name =
@@ -27,7 +24,8 @@ std::filesystem::path make_fresh_directory() {
 
 } // namespace
 
-ScratchDirectory::ScratchDirectory() : path_(make_fresh_directory()) {}
+ScratchDirectory::ScratchDirectory(const std::filesystem::path& parent)
+    : path_(make_fresh_directory(parent)) {}
 
 ScratchDirectory::~ScratchDirectory() {
     std::error_code ignored;
@@ -62,9 +60,17 @@ std::string read_whole_file(const std::filesystem::path& path) {
     if (!stream || std::filesystem::is_directory(path)) {
         throw std::runtime_error("cannot read " + path.string());
     }
-    std::ostringstream content;
-    content << stream.rdbuf();
-    return std::move(content).str();
+    // Not every file tells its size, those of /proc do not.
+    constexpr std::size_t least_room = 4096;
+    std::string content;
+    std::size_t size = 0;
+    do {
+        content.resize(2 * size + least_room);
+        stream.read(content.data() + size, static_cast<std::streamsize>(content.size() - size));
+        size += static_cast<std::size_t>(stream.gcount());
+    } while (stream);
+    content.resize(size);
+    return content;
 }
 
 void write_whole_file(const std::filesystem::path& path, std::string_view content) {

@@ -10,7 +10,8 @@ namespace korvat::test {
 
 class ScratchDirectory {
 public:
-    ScratchDirectory();
+    explicit ScratchDirectory(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path());
     ~ScratchDirectory();
     ScratchDirectory(const ScratchDirectory&) = delete;
     ScratchDirectory& operator=(const ScratchDirectory&) = delete;

@@ -10,7 +10,7 @@ namespace korvat::test {
 
 struct RunTraces {
     int exit_code = 0;
-    std::string deck;
+    std::string_view deck{};
     std::string log;
     std::string console; // standard output and standard error
     std::string report;  // that the program would write to standard error at its end
