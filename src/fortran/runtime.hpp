@@ -42,7 +42,7 @@ struct WriteFault {
 // Every byte is what the runtime writes: tests/differential compares both ways, item by item.
 //
 // Where a scratch file cannot be made, a std::exception leaves the call. Any other write that fails
-// is silent, as the runtime has it; wrote_all and write_faults tell of it.
+// is silent, as in the runtime; wrote_all and write_faults report it.
 class Runtime {
 public:
     // Hands the program's arguments to the runtime, which looks for its own option only.

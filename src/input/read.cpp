@@ -23,7 +23,7 @@ struct Record {
     int IOUNIT;
     Line& LINE;
     int& NVAR;
-    int count_place;        // of the number that tells how many follow; 0: there is none
+    int count_place;        // of the number that gives the count of those behind it; 0: none
     std::string line_above; // up to its last non-blank character, at least one
     int IS = 1;             // column of LINE at which the next physical line begins
     int NPHYS = 0;

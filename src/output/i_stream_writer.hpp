@@ -13,7 +13,7 @@ public:
     IStreamWriter(const IStreamWriter&) = delete;
     IStreamWriter& operator=(const IStreamWriter&) = delete;
 
-    // Write errors are not checked; Close tells of them.
+    // Write errors are not checked; Close reports them.
     virtual void Write(std::span<const char> bytes) = 0;
 
     // Ends the writing. Returns 0, or the system's error number (errno) of the first write or close

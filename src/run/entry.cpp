@@ -17,7 +17,7 @@ constexpr int registration_failed = 1;
 constexpr int exception_escaped = -1;
 constexpr int output_lost = -1;
 
-// Runs the driver. What escapes it is told in `exception`, the runtime's stop as well.
+// Runs the driver. `exception` receives the text of what escapes it, the runtime's stop included.
 int run_driver(Store& cmn, std::string& exception) {
     try {
         return contrl(cmn, program_steps());

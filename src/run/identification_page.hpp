@@ -10,7 +10,7 @@
 
 namespace korvat {
 
-// What the page tells of the machine and its user.
+// What the page says about the machine and its user.
 struct HostTexts {
     std::string user;
     std::string computer;

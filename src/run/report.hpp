@@ -11,8 +11,9 @@ namespace korvat {
 
 // Lines for standard error after a run that failed: its first error with the line of the deck it is
 // about, a caret under the value at fault, and where to read on; then every output that could not be
-// written. `exception` is what escaped the run; it is told when there is nothing else to tell. The
-// deck is read once more from the current directory; where that fails its line is left out.
+// written. `exception` is the text of what escaped the run; it appears when there is nothing else to
+// report. The deck is read once more from the current directory; where that fails, its line is left
+// out.
 [[nodiscard]] std::string failure_report(const Report& run,
                                          const std::vector<fortran::WriteFault>& lost,
                                          std::string_view exception);

@@ -1,4 +1,4 @@
-// The preloaded library reaches every call of a run, and does nothing but what it is told.
+// The preloaded library sees every call of a run and changes nothing that the test does not ask for.
 #include "../support/text.hpp"
 #include "verdict.hpp"
 #include "workplace.hpp"

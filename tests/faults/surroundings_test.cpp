@@ -144,7 +144,7 @@ TEST(FileSizeLimit, IsToldStepByStep) {
     show_cases(cases);
 }
 
-// The run of an accepted deck where nothing can be made: two files are told, the listing ends it.
+// The run of an accepted deck where nothing can be made: it reports two files and ends at the listing.
 void expect_refusal_of_directory(const Outcome& run) {
     EXPECT_EQ(run.exit_code, 1);
     EXPECT_EQ(run.standard_error,

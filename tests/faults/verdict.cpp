@@ -86,7 +86,7 @@ bool is_told(const Outcome& run, std::optional<Call> call, const std::string& na
     return name == "PILEPLOT.TXT" || name == "KORVAT.MLG";
 }
 
-// The log is a file or stands on standard output, and what is lost of it is told.
+// The log is a file or goes to standard output, and the run reports what it lost of it.
 bool is_log_reported(const Outcome& run, const std::map<std::string, std::string>& reported) {
     return reported.contains("KORVAT.MLG") || reported.contains("standard output") ||
            holds(run.standard_error, "korvat: warning: cannot write standard output: ");

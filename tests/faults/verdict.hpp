@@ -15,8 +15,8 @@ std::map<std::string, std::string> files_not_written(const Outcome& run);
 std::vector<std::string> differences(const Outcome& run, const Outcome& undisturbed);
 
 // Of a run after others. Empty when the run under the fault did what it must: it ended by itself;
-// nothing is damaged after the exit code of the undisturbed run, but for files that could not be
-// opened, which are told; every file that could not be written is named with the reason after exit
+// nothing is damaged after the exit code of the undisturbed run, except files that could not be
+// opened, which the run reports; every file that could not be written is named with the reason after exit
 // code 255; and the text files of the earlier run are not lost.
 std::vector<std::string> complaints(const Outcome& run, const Fault& fault,
                                     const Outcome& undisturbed);

@@ -36,7 +36,7 @@ TEST_F(EntryOnPosix, ReportsTheFilesThatCouldNotBeWrittenWhole) {
                           "korvat: cannot write fem_io_unit_012: File too large\n");
 }
 
-// The outputs that are not told by the exit code are told on standard error.
+// Standard error reports the outputs that the exit code does not.
 TEST_F(EntryOnPosix, TellsEachOutputThatCannotBeOpened) {
     directory.write_file("KORVAT.INP", small_deck);
     directory.write_file("PILEPLOT.TXT", "earlier");

@@ -59,7 +59,7 @@ std::string name_of_record(const ExpectedRecord& record, std::size_t index) {
     return name + ")";
 }
 
-// Only the first item that differs is told: the rest of a record tends to follow it.
+// Shows only the first item that differs: the rest of a record tends to follow it.
 std::string record_difference(const Record& actual, const ExpectedRecord& expected) {
     RecordCursor cursor(actual);
     for (std::size_t i = 0; i < expected.items.size(); ++i) {
