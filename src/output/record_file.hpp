@@ -74,6 +74,7 @@ private:
     static constexpr std::size_t segment_length = 128;
 
     RecordBuilder& add_bytes(const void* bytes, std::size_t count) {
+        if (count == 0) return *this; // there may be no bytes to point to
         if (count < segment_length - filled_) {
             std::memcpy(next_, bytes, count);
             next_ += count;

@@ -39,7 +39,7 @@ TEST(Kill, AtEveryCallLeavesTheNextRunRight) {
     for (const Call call : {Call::open, Call::write, Call::close, Call::rename, Call::remove,
                             Call::truncate, Call::list}) {
         Fault fault{.call = call, .action = Action::kill};
-        const std::uint64_t step = KORVAT_SANITIZED != 0 && call == Call::write ? 13 : 1;
+        const std::uint64_t step = KORVAT_SANITIZED != 0 && call == Call::write ? 5 : 1;
         for (fault.at = 1; kill_and_run_again({.fault = fault}, fresh); fault.at += step)
             ++cases;
     }
