@@ -87,8 +87,9 @@ std::string runtime_written(std::string_view format, std::span<const Item> items
 }
 
 std::optional<double> runtime_read(std::string_view field) {
-    std::string line(field);
-    line.resize(51, ' '); // one more than the format takes: the loop must not meet the end
+    // A blank behind what the format takes: at a CR that ends its text the runtime never stops.
+    std::string line(field.substr(0, 50));
+    line.resize(51, ' ');
     double value = 0.0;
     try {
         fem::read_loop loop(as_fem(line), "(f50.0)");
