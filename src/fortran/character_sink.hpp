@@ -58,15 +58,19 @@ protected:
 class TextSink : public CharacterSink {
 public:
     [[nodiscard]] std::string text() const {
-        return characters_.substr(0, static_cast<std::size_t>(next_ - characters_.data()));
+        return characters_.substr(0, used());
     }
 
 private:
+    // Characters so far; there is nothing to subtract from before the first.
+    [[nodiscard]] std::size_t used() const {
+        return next_ == nullptr ? 0 : static_cast<std::size_t>(next_ - characters_.data());
+    }
+
     void make_room() override {
-        const auto used = next_ == nullptr ? std::size_t{0}
-                                           : static_cast<std::size_t>(next_ - characters_.data());
+        const std::size_t kept = used();
         characters_.resize(2 * characters_.size() + least_room);
-        next_ = characters_.data() + used;
+        next_ = characters_.data() + kept;
         end_ = characters_.data() + characters_.size();
     }
 
