@@ -57,9 +57,7 @@ protected:
 // Keeps what it is given in a text.
 class TextSink : public CharacterSink {
 public:
-    [[nodiscard]] std::string text() const {
-        return characters_.substr(0, used());
-    }
+    [[nodiscard]] std::string text() const { return characters_.substr(0, used()); }
 
 private:
     // Characters so far; there is nothing to subtract from before the first.
