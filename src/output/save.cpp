@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cmath>
+#include <cstring>
 
 namespace korvat {
 namespace {
@@ -57,17 +59,36 @@ void write_section_types(const Output& out) {
         .write();
 }
 
-NodeValues& values_of_code(Store& cmn, int code) {
-    if (code == special_code::spring_stiffness) return cmn.VNOD1;
-    if (code == special_code::force) return cmn.VNOD2;
-    return cmn.VNOD3;
+// The special record that counts at each node of a pile; 0 for none.
+using RecordOfNode = std::array<int, limits::pile_nodes>;
+
+struct SpecialRecords {
+    RecordOfNode springs{};
+    RecordOfNode forces{};
+    RecordOfNode displacements{};
+
+    RecordOfNode& of_code(int code) {
+        if (code == special_code::spring_stiffness) return springs;
+        if (code == special_code::force) return forces;
+        return displacements;
+    }
+};
+
+void copy_values(const Store& cmn, const RecordOfNode& records, int nodes, NodeValues& values) {
+    for (int n = 1; n <= nodes; ++n) {
+        const auto target = values.column(n);
+        const int r = records[static_cast<std::size_t>(n - 1)];
+        if (r == 0) {
+            std::ranges::fill(target, 0.0);
+        } else {
+            std::memcpy(target.data(), cmn.SPVAL.column(r).data(), target.size_bytes());
+        }
+    }
 }
 
 // Copies the special records of this pile to its nodes; a later record overwrites an earlier one.
 bool collect_special_values(Store& cmn, int np, int nodes) {
-    for (NodeValues* const values : {&cmn.VNOD1, &cmn.VNOD2, &cmn.VNOD3}) {
-        std::ranges::fill(values->first_columns(nodes), 0.0);
-    }
+    SpecialRecords records;
     for (int r = 1; r <= cmn.NUMSPC; ++r) {
         if (np < cmn.ISPNOD(1, r) || np > cmn.ISPNOD(2, r)) continue;
         const int ND1 = cmn.ISPNOD(3, r);
@@ -81,11 +102,15 @@ bool collect_special_values(Store& cmn, int np, int nodes) {
             return false;
         }
         if (cmn.ISPCOD(r) == special_code::temperature) continue;
-        NodeValues& target = values_of_code(cmn, cmn.ISPCOD(r));
+        assert(ND1 >= 1 && ND2 <= limits::pile_nodes);
+        RecordOfNode& record = records.of_code(cmn.ISPCOD(r));
         for (int n = ND1; n <= ND2; ++n) {
-            std::ranges::copy(cmn.SPVAL.column(r), target.column(n).begin());
+            record[static_cast<std::size_t>(n - 1)] = r;
         }
     }
+    copy_values(cmn, records.springs, nodes, cmn.VNOD1);
+    copy_values(cmn, records.forces, nodes, cmn.VNOD2);
+    copy_values(cmn, records.displacements, nodes, cmn.VNOD3);
     return true;
 }
 

@@ -84,18 +84,15 @@ public:
     [[nodiscard]] const T& operator()(int i, int j) const { return values_[offset(i, j)]; }
 
     // The M values of column j, the first index first.
-    [[nodiscard]] std::span<T> column(int j) {
-        return values_.all().subspan(offset(1, j), static_cast<std::size_t>(M));
+    [[nodiscard]] std::span<T, M> column(int j) {
+        return values_.all().subspan(offset(1, j)).template first<M>();
     }
-    [[nodiscard]] std::span<const T> column(int j) const {
-        return values_.all().subspan(offset(1, j), static_cast<std::size_t>(M));
+    [[nodiscard]] std::span<const T, M> column(int j) const {
+        return values_.all().subspan(offset(1, j)).template first<M>();
     }
 
     [[nodiscard]] std::span<T> all() { return values_.all(); }
     [[nodiscard]] std::span<const T> all() const { return values_.all(); }
-
-    // The values of columns 1..j.
-    [[nodiscard]] std::span<T> first_columns(int j) { return all().first(offset(M, j) + 1); }
 
     void clear() { values_.clear(); } // all zeros again
 
