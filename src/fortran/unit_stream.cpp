@@ -5,7 +5,7 @@
 namespace korvat::fortran {
 namespace {
 
-constexpr std::size_t buffer_size = 65536;
+constexpr std::size_t buffer_size = 32768;
 constexpr std::size_t block_size = 4096; // of file systems
 
 } // namespace
@@ -57,6 +57,15 @@ bool UnitStream::end_reading() {
     const auto ahead = static_cast<long>(filled_ - read_);
     forget_reading();
     return ahead == 0 || std::fseek(file_, -ahead, SEEK_CUR) == 0;
+}
+
+bool UnitStream::is_at_file_end() const {
+    if (is_standard_stream(file_)) return false;
+    const long here = std::ftell(file_);
+    if (here < 0 || std::fseek(file_, 0, SEEK_END) != 0) return false;
+    if (std::ftell(file_) == here) return true;
+    std::fseek(file_, here, SEEK_SET);
+    return false;
 }
 
 // Moves what is left to the front of the buffer and reads as much behind it as there is room for.

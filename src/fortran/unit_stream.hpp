@@ -32,6 +32,10 @@ public:
     // when it cannot be put there.
     bool end_reading();
 
+    // Whether nothing stands behind the file's position; false where that cannot be found out, and for
+    // a standard stream.
+    [[nodiscard]] bool is_at_file_end() const;
+
     // Writes what the buffer holds; it is gone also where that fails.
     void empty();
 

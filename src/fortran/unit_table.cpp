@@ -104,7 +104,7 @@ void UnitTable::close_stream(int unit) {
     std::FILE* const file = connected.stream.ptr;
     if (file == nullptr) return;
     empty(unit);
-    last_ = nullptr;
+    quick_place(unit) = nullptr;
     connections_.erase(unit);
     const bool was_written = written_units_.erase(unit) != 0;
     errno = 0;
@@ -138,11 +138,12 @@ bool UnitTable::wrote_all(int unit) {
 }
 
 UnitTable::Connection& UnitTable::connected(int unit) {
-    if (last_ != nullptr && last_->unit.number == unit) return *last_;
+    Connection*& quick = quick_place(unit);
+    if (quick != nullptr && quick->unit.number == unit) return *quick;
     auto found = connections_.find(unit);
     if (found == connections_.end()) found = connections_.try_emplace(unit, opened(unit)).first;
-    last_ = &found->second;
-    return *last_;
+    quick = &found->second;
+    return *quick;
 }
 
 // The unit in the runtime's table, with a scratch file if it has no file yet.
@@ -171,6 +172,16 @@ void UnitTable::rewind(int unit) {
     common_.io.rewind(unit);
 }
 
+// Cuts the unit's file at its present position. A file that ends there is left as it is: a file
+// system may hurry what was cut down to nothing to the disk as soon as it is closed.
+void UnitTable::cut(Connection& connection) {
+    if (connection.stream.is_at_file_end()) {
+        connection.unit.prev_op_was_write = true;
+    } else {
+        common_.io.simple_ostream(connection.unit.number);
+    }
+}
+
 UnitStream& UnitTable::for_writing(int unit) {
     Connection& connection = connected(unit);
     if (connection.unit.prev_op_was_write) return connection.stream;
@@ -180,7 +191,7 @@ UnitStream& UnitTable::for_writing(int unit) {
         if (!connection.stream.end_reading()) {
             throw fem::io_err("Cannot position file : " + connection.unit.file_name);
         }
-        common_.io.simple_ostream(unit);
+        cut(connection);
     } catch (const fem::io_err&) {
         note_fault(connection.unit, errno);
         throw;

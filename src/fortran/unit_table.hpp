@@ -5,6 +5,7 @@
 #include "fortran/runtime.hpp"
 #include "fortran/unit_stream.hpp"
 
+#include <array>
 #include <map>
 #include <set>
 #include <string>
@@ -62,13 +63,17 @@ private:
     void check(const Connection& connection);
     void empty(Connection& connection);
     void empty(int unit);
+    void cut(Connection& connection);
     void close_stream(int unit);
     Connection& connected(int unit);
+    Connection*& quick_place(int unit) {
+        return quick_[static_cast<unsigned>(unit) % quick_.size()];
+    }
     fem::io_unit& opened(int unit);
 
     fem::common common_;
     std::map<int, Connection> connections_; // of the units that have been read or written
-    Connection* last_ = nullptr;            // most calls go to the unit of the one before
+    std::array<Connection*, 64> quick_{};   // those of the same unit number modulo 64
     int open_error_ = 0;
     std::set<int> written_units_;
     std::set<int> faulty_units_;

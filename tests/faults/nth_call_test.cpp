@@ -16,11 +16,11 @@ void PrintTo(const Kind& kind, std::ostream* stream) {
     *stream << kind.name;
 }
 
-constexpr Kind kinds[] = {
-    {"Open", Call::open},     {"Read", Call::read},         {"Write", Call::write},
-    {"Seek", Call::seek},     {"Truncate", Call::truncate}, {"Flush", Call::flush},
-    {"Close", Call::close},   {"Rename", Call::rename},     {"Remove", Call::remove},
-    {"Status", Call::status}, {"List", Call::list}};
+constexpr Kind kinds[] = {{"Open", Call::open},     {"Read", Call::read},
+                          {"Write", Call::write},   {"Seek", Call::seek},
+                          {"Flush", Call::flush},   {"Close", Call::close},
+                          {"Rename", Call::rename}, {"Remove", Call::remove},
+                          {"Status", Call::status}, {"List", Call::list}};
 
 // Every write is followed by a flush: both have hundreds of cases, which a sanitizer makes slow.
 std::uint64_t step_of(Call call) {

@@ -135,7 +135,6 @@ bool leaves_its_reason(const Fault& fault) {
     case Call::write:
     case Call::flush:
     case Call::close:
-    case Call::truncate:
         return true;
     case Call::open:
         return fault.all_after;

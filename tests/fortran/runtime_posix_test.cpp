@@ -3,8 +3,11 @@
 #include "support/file_size_limit.hpp"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <iterator>
+#include <sys/mman.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -97,11 +100,31 @@ TEST_F(UnitsOnPosix, EveryFaultyFileIsKept) {
               (Faults{{"log", EFBIG}, {"fem_io_unit_012", EFBIG}, {"listing", EFBIG}}));
 }
 
-// A device that is always full; it cannot be cut either, which the runtime does before it writes.
+// A file in memory that the system does not let anyone shorten, by its name among the descriptors.
 TEST_F(UnitsOnPosix, AFileThatCannotBeCutRaisesAndIsKept) {
-    ASSERT_EQ(runtime().open(13, "/dev/full", OpenStatus::old_file), 0);
+    const int descriptor = memfd_create("kept", MFD_ALLOW_SEALING);
+    ASSERT_GE(descriptor, 0);
+    ASSERT_EQ(write(descriptor, "text\n", 5), 5);
+    ASSERT_EQ(fcntl(descriptor, F_ADD_SEALS, F_SEAL_SHRINK), 0);
+    const std::string name = "/proc/self/fd/" + std::to_string(descriptor);
+    ASSERT_EQ(runtime().open(13, name, OpenStatus::old_file), 0);
     EXPECT_THROW(runtime().write(13, "(' text')"), std::exception);
-    EXPECT_EQ(faults_of(runtime()), (Faults{{"/dev/full", EINVAL}}));
+    EXPECT_EQ(faults_of(runtime()), (Faults{{name, EPERM}}));
+    // Behind its last line there is nothing to cut.
+    runtime().skip_line(13);
+    EXPECT_EQ(next(13), "(end)");
+    runtime().write(13, "('more')");
+    runtime().close(13);
+    EXPECT_EQ(directory.read_file(name), "text\nmore\n");
+    close(descriptor);
+}
+
+// A device that is always full, where there is nothing to cut.
+TEST_F(UnitsOnPosix, ADeviceWithoutRoomIsKept) {
+    ASSERT_EQ(runtime().open(13, "/dev/full", OpenStatus::old_file), 0);
+    runtime().write(13, "(' text')");
+    runtime().close(13);
+    EXPECT_EQ(faults_of(runtime()), (Faults{{"/dev/full", ENOSPC}}));
 }
 
 TEST_F(UnitsOnPosix, AScratchFileThatCannotBeMadeIsKeptWithItsReason) {
