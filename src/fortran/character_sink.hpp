@@ -15,12 +15,14 @@ public:
     CharacterSink(const CharacterSink&) = delete;
     CharacterSink& operator=(const CharacterSink&) = delete;
 
-    // Room for `count` characters, at most least_room; `took` tells how many have been stored.
+    // Room for `count` characters, at most least_room, and on to room_end; `took_up_to` tells where
+    // those that have been stored end.
     [[nodiscard]] char* room(std::size_t count) {
         if (static_cast<std::size_t>(end_ - next_) < count) make_room();
         return next_;
     }
-    void took(std::size_t count) { next_ += count; }
+    [[nodiscard]] char* room_end() const { return end_; }
+    void took_up_to(char* end) { next_ = end; }
 
     void put(std::string_view text) {
         while (!text.empty()) {
@@ -29,16 +31,6 @@ public:
             std::memcpy(next_, text.data(), now);
             next_ += now;
             text.remove_prefix(now);
-        }
-    }
-
-    void fill(std::size_t count, char c) {
-        while (count > 0) {
-            if (next_ == end_) make_room();
-            const std::size_t now = std::min(count, static_cast<std::size_t>(end_ - next_));
-            std::memset(next_, c, now);
-            next_ += now;
-            count -= now;
         }
     }
 

@@ -9,6 +9,8 @@
 
 namespace korvat::fortran {
 
+__extension__ using uint128 = unsigned __int128;
+
 inline constexpr std::array<std::uint64_t, 20> powers_of_ten = [] {
     std::array<std::uint64_t, 20> powers{};
     std::uint64_t power = 1;
@@ -56,6 +58,60 @@ inline char* put_digits_before(char* end, std::uint64_t value) {
     if (value >= 10) return put_pair_before(end, value);
     if (value > 0) *--end = static_cast<char>('0' + value);
     return end;
+}
+
+// Short numbers are edited in registers: eight or sixteen characters are the bytes of one unsigned
+// integer, the first of them in the lowest byte, as it lies in memory.
+static_assert(std::endian::native == std::endian::little);
+
+// Values below this one have eight digits with the zeros in front.
+inline constexpr int short_digits = 8;
+inline constexpr std::uint64_t short_limit = 100'000'000;
+
+// The eight decimal digits of a value below short_limit, one a byte. The halves, the pairs of each
+// half and the digits of each pair are divided side by side; the factors are 1/100 and 1/10 rounded
+// up, exact as far as 9999 and 99 go.
+[[nodiscard]] inline std::uint64_t eight_digits(std::uint64_t value) {
+    const std::uint64_t halves = value / 10'000 | (value % 10'000) << 32;
+    const std::uint64_t hundreds = ((halves * 10'486) >> 20) & 0x0000'007F'0000'007F;
+    const std::uint64_t pairs = hundreds | (halves - 100 * hundreds) << 16;
+    const std::uint64_t tens = ((pairs * 103) >> 10) & 0x000F'000F'000F'000F;
+    return tens | (pairs - 10 * tens) << 8;
+}
+
+// Digits of eight_digits as characters, blanks in the place of the first `blanks` zeros, at most 7.
+[[nodiscard]] inline std::uint64_t digit_characters(std::uint64_t digits, int blanks) {
+    constexpr std::uint64_t zero_characters = 0x3030'3030'3030'3030;
+    constexpr std::uint64_t zero_to_blank = 0x1010'1010'1010'1010;
+    const std::uint64_t in_front = (std::uint64_t{1} << (8 * blanks)) - 1;
+    return (digits | zero_characters) ^ (zero_to_blank & in_front);
+}
+
+// How many of the eight digits are zeros in front of the first other one; 8 for none other.
+[[nodiscard]] inline int zeros_in_front(std::uint64_t digits) {
+    return std::countr_zero(digits) / 8;
+}
+
+inline constexpr int short_columns = 16;
+
+// A minus sign in the place of the blank before `number`, which begins behind `blanks` blanks.
+[[nodiscard]] inline uint128 with_minus(uint128 field, int blanks) {
+    constexpr uint128 blank_to_minus = ' ' ^ '-';
+    return field ^ blank_to_minus << (8 * (blanks - 1));
+}
+
+// Stores a number's last sixteen columns, `blanks` of them blank, right-justified in `width` columns
+// or in as many as it needs. Returns how many; behind them up to 64 characters may change.
+inline std::size_t put_field(char* to, uint128 field, int blanks, int width) {
+    if (width <= short_columns) {
+        const int columns = width > short_columns - blanks ? width : short_columns - blanks;
+        field >>= 8 * (short_columns - columns);
+        std::memcpy(to, &field, sizeof field);
+        return static_cast<std::size_t>(columns);
+    }
+    put_blanks(to);
+    std::memcpy(to + (width - short_columns), &field, sizeof field);
+    return static_cast<std::size_t>(width);
 }
 
 } // namespace korvat::fortran

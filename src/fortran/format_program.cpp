@@ -2,7 +2,9 @@
 
 #include "fortran/as_fem.hpp"
 
+#include <bit>
 #include <charconv>
+#include <cstdint>
 #include <stdexcept>
 
 namespace korvat::fortran {
@@ -125,21 +127,25 @@ void FormatProgram::list_data_kinds() {
 
 std::size_t FormatProgram::place_in_reversion(std::size_t item) const {
     const std::size_t per_pass = data_kinds_.size() - first_pass_items_;
-    if (per_pass == 0) {
-        throw std::runtime_error("FORMAT without a descriptor for every item: " + format_);
-    }
+    if (per_pass == 0) refuse_more_items();
     return first_pass_items_ + (item - first_pass_items_) % per_pass;
 }
 
+void FormatProgram::refuse_more_items() const {
+    throw std::runtime_error("FORMAT without a descriptor for every item: " + format_);
+}
+
 const FormatProgram& FormatPrograms::of(std::string_view format) {
-    if (last_ != nullptr && last_->format() == format) return *last_;
+    const auto address = std::bit_cast<std::uintptr_t>(format.data());
+    const FormatProgram*& guess = at_address_[address / 8 % at_address_.size()];
+    if (guess != nullptr && guess->format() == format) return *guess;
     auto found = known_.find(format);
     if (found == known_.end()) {
         auto program = std::make_unique<FormatProgram>(format);
         found = known_.emplace(std::string(format), std::move(program)).first;
     }
-    last_ = found->second.get();
-    return *last_;
+    guess = found->second.get();
+    return *guess;
 }
 
 } // namespace korvat::fortran

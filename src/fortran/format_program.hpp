@@ -1,6 +1,7 @@
 // A FORMAT taken apart into the steps that a formatted write goes through.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -55,6 +56,9 @@ public:
 
     [[nodiscard]] const std::string& format() const { return format_; }
 
+    // For an item that finds no descriptor: raises std::runtime_error.
+    [[noreturn]] void refuse_more_items() const;
+
 private:
     void list_data_kinds();
     [[nodiscard]] std::size_t place_in_reversion(std::size_t item) const;
@@ -79,7 +83,9 @@ private:
         }
     };
     std::unordered_map<std::string, std::unique_ptr<FormatProgram>, Hash, std::equal_to<>> known_;
-    const FormatProgram* last_ = nullptr; // most writes repeat the FORMAT before them
+    // Where a FORMAT of the same address was found last: most are constants, which stay where they
+    // are.
+    std::array<const FormatProgram*, 256> at_address_{};
 };
 
 } // namespace korvat::fortran

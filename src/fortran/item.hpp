@@ -44,23 +44,29 @@ public:
 
     Item(int value) : kind_(Kind::integer), integer_(value) {}
     Item(double value) : kind_(Kind::real), real_(value) {}
-    Item(Characters value) : kind_(Kind::text), text_(value.text) {}
-    Item(RightJustified value) : kind_(Kind::right_text), text_(value.text) {}
+    Item(Characters value) : Item(Kind::text, value.text) {}
+    Item(RightJustified value) : Item(Kind::right_text, value.text) {}
     template <std::size_t N>
-    Item(const Text<N>& value) : kind_(Kind::text), text_(value.view()) {}
+    Item(const Text<N>& value) : Item(Kind::text, value.view()) {}
     template <typename T>
     Item(const T&) = delete;
 
     [[nodiscard]] Kind kind() const { return kind_; }
     [[nodiscard]] int integer() const { return integer_; }
     [[nodiscard]] double real() const { return real_; }
-    [[nodiscard]] std::string_view text() const { return text_; }
+    [[nodiscard]] std::string_view text() const { return {text_, length_}; }
 
 private:
+    Item(Kind kind, std::string_view text)
+        : kind_(kind), text_(text.data()), length_(text.size()) {}
+
     Kind kind_;
-    int integer_ = 0;
-    double real_ = 0.0;
-    std::string_view text_;
+    union { // as the kind says
+        int integer_;
+        double real_;
+        const char* text_;
+    };
+    std::size_t length_ = 0; // of a text
 };
 
 } // namespace korvat::fortran

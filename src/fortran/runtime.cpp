@@ -62,7 +62,7 @@ void Runtime::write_items(int unit, std::string_view format, std::span<const Ite
     UnitStream& stream = state_->units.for_writing(unit);
     edit_items(stream, program, items, "\n");
     if (unit == message_log_unit) stream.empty(); // whoever watches a run sees each line of the log
-    state_->units.check(unit);
+    if (stream.error() != 0) state_->units.check(unit);
 }
 
 void Runtime::write_error_record(const FormatProgram& program, std::span<const Item> items) {

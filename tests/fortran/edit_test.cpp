@@ -39,6 +39,16 @@ TEST_F(Edit, IntegersGetTheDigitsAskedFor) {
     EXPECT_EQ(written("(i10.10)", 2147483647), "2147483647\n");
 }
 
+TEST_F(Edit, IntegersAroundEightDigits) {
+    EXPECT_EQ(written("(i8,'|')", 99999999), "99999999|\n");
+    EXPECT_EQ(written("(i8,'|')", -99999999), "-99999999|\n");
+    EXPECT_EQ(written("(i12,'|')", 100000000), "   100000000|\n");
+    EXPECT_EQ(written("(i16,'|')", -7), "              -7|\n");
+    EXPECT_EQ(written("(i17,'|')", -7), "               -7|\n");
+    EXPECT_EQ(written("(i9.8,'|')", 42), " 00000042|\n");
+    EXPECT_EQ(written("(i4.0,'|')", 0), "    |\n");
+}
+
 TEST_F(Edit, IntegersWidenTheirField) {
     EXPECT_EQ(written("(i5,'|')", 123456), "123456|\n");
     EXPECT_EQ(written("(i5,'|')", -12345), "-12345|\n");
@@ -55,6 +65,33 @@ TEST_F(Edit, RealsHaveAFixedPoint) {
     EXPECT_EQ(written("(f12.4)", 1234.56789), "   1234.5679\n");
     // The double next to 1.0005 lies below it.
     EXPECT_EQ(written("(f10.3)", 1.0005), "     1.000\n");
+}
+
+// Eight digits are put together at once; beside them lie the values that take another way.
+TEST_F(Edit, RealsAroundEightDigits) {
+    EXPECT_EQ(written("(f10.3)", 99999.999), " 99999.999\n");
+    EXPECT_EQ(written("(f10.3)", 99999.9995), "100000.000\n"); // the double next to it lies above
+    EXPECT_EQ(written("(f10.3)", 100000.0), "100000.000\n");
+    EXPECT_EQ(written("(f20.7)", 9.9999999), "           9.9999999\n");
+    EXPECT_EQ(written("(f20.7)", -9.9999999), "          -9.9999999\n");
+    EXPECT_EQ(written("(f20.7)", 10.0), "          10.0000000\n");
+    EXPECT_EQ(written("(f12.1)", 1234567.8), "   1234567.8\n");
+    EXPECT_EQ(written("(f12.1)", 12345678.9), "  12345678.9\n");
+    EXPECT_EQ(written("(f12.8)", 1.5), "  1.50000000\n");
+    EXPECT_EQ(written("(f5.0)", 2.5), "    2\n");
+    EXPECT_EQ(written("(f3.2,'|')", -1.25), "-1.25|\n");
+    EXPECT_EQ(written("(f16.7,'|')", -1.5), "      -1.5000000|\n");
+    EXPECT_EQ(written("(f17.7,'|')", -1.5), "       -1.5000000|\n");
+}
+
+// An eighth and its multiples are exact: the last digit of a tie is even.
+TEST_F(Edit, RealsHalfwayGoToTheEvenDigit) {
+    EXPECT_EQ(written("(4f8.2)", 0.125, 0.375, 0.625, 0.875), "    0.12    0.38    0.62    0.88\n");
+    EXPECT_EQ(written("(2f8.1)", -0.25, -0.75), "    -0.2    -0.8\n");
+    EXPECT_EQ(written("(f12.7)", 0.00048828125), "   0.0004883\n"); // 2^-11
+    EXPECT_EQ(written("(f12.7)", 0.000244140625), "   0.0002441\n");
+    EXPECT_EQ(written("(2f8.3)", 0.0005, 0.0004), "   0.001   0.000\n"); // 0.0005 lies above
+    EXPECT_EQ(written("(2f8.3)", -0.0, -0.0001), "  -0.000  -0.000\n");
 }
 
 TEST_F(Edit, RealsWidenTheirField) {
@@ -147,6 +184,14 @@ TEST_F(Edit, TextsWithoutWidthAreWrittenWhole) {
     EXPECT_EQ(written("(1x,a)", Text<6>("abc")), " abc   \n");
     EXPECT_EQ(written("(1x,2a)", characters("abc"), characters("de")), " abcde\n");
     EXPECT_EQ(written("(a)", characters("")), "\n");
+}
+
+TEST_F(Edit, LongTextsAndManyBlanksAreWrittenWhole) {
+    const std::string text(70000, 'k');
+    EXPECT_EQ(written("(a,200x,a)", characters(text), characters("|")),
+              text + std::string(200, ' ') + "|\n");
+    EXPECT_EQ(written("('" + text + "')"), text + "\n");
+    EXPECT_EQ(written("(a130,'|')", characters("k")), "k" + std::string(129, ' ') + "|\n");
 }
 
 TEST_F(Edit, BlanksBetweenItemsAreWritten) {
