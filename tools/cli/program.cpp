@@ -1,0 +1,19 @@
+#include "cli/program.hpp"
+
+#include "cli/commands.hpp"
+#include "run/program_version.hpp"
+
+#include <string>
+
+namespace korvat::cli {
+
+std::unique_ptr<CLI::App> make_program(int& code) {
+    auto program = std::make_unique<CLI::App>(
+        "Looks into decks of KORVAT before a run, and into its files after it.", "korvat-tools");
+    program->set_version_flag("--version", "korvat-tools " + std::string(program_version()));
+    program->require_subcommand(1);
+    add_help(*program, code);
+    return program;
+}
+
+} // namespace korvat::cli
