@@ -68,15 +68,14 @@ void refuse_damage(const fs::path& path, const std::optional<group::Damage>& dam
 }
 
 // Whether bytes begin as a PILE.07 does: with the date or the label, or as that of a run that failed. A deck
-// may begin with the letter K too.
+// may begin with the letters too, but has the end of a line where the label would be.
 bool begins_as_pile_file(const std::string& bytes) {
     constexpr char date_length = 12;
     constexpr char label_length = 80;
     constexpr auto end_byte = static_cast<char>(0x82);
     if (bytes.size() < 2 || bytes[0] != 'K') return false;
     if (bytes[1] != label_length) return bytes[1] == date_length || bytes[1] == end_byte;
-    const std::size_t behind_label = 2 + label_length;
-    return bytes.size() <= behind_label || bytes[behind_label] == label_length;
+    return bytes.find('\n') > 2 + label_length;
 }
 
 group::Group read_group(const fs::path& path) {
