@@ -16,6 +16,7 @@ std::int32_t number_at(std::size_t index) {
 
 DataArray pile_numbers(const auto& places) {
     std::vector<std::int32_t> numbers;
+    numbers.reserve(places.size());
     for (const auto& place : places)
         numbers.push_back(place.pile->number);
     return integers("pile", numbers);
@@ -36,6 +37,7 @@ DataArray vectors(std::string name, const std::vector<NodeAt>& nodes, Components
 template <typename Value, typename Function>
 std::vector<Value> values_of(const std::vector<ElementAt>& elements, Function value_of) {
     std::vector<Value> values;
+    values.reserve(elements.size());
     for (const ElementAt& at : elements)
         values.push_back(at.pile->is_dummy() ? Value{} : value_of(at));
     return values;
@@ -54,6 +56,7 @@ DataArray coordinates(const std::vector<NodeAt>& nodes) {
 
 std::vector<DataArray> node_arrays(const std::vector<NodeAt>& nodes) {
     std::vector<std::int32_t> numbers;
+    numbers.reserve(nodes.size());
     for (const NodeAt& at : nodes)
         numbers.push_back(number_at(at.index));
     return {pile_numbers(nodes),

@@ -74,9 +74,12 @@ void VtkXml::close() {
 
 void VtkXml::add(const DataArray& array) {
     const std::string size = bytes_of(std::vector<std::uint64_t>{array.bytes.size()});
-    line("<DataArray type=" + quoted(array.type) + " Name=" + quoted(array.name) +
-         " NumberOfComponents=" + quoted(std::to_string(array.components)) + " format=\"binary\">" +
-         base64(size + array.bytes) + "</DataArray>");
+    // Where it says that there is one component, meshio makes a column of the values.
+    const std::string components =
+        array.components == 1 ? ""
+                              : " NumberOfComponents=" + quoted(std::to_string(array.components));
+    line("<DataArray type=" + quoted(array.type) + " Name=" + quoted(array.name) + components +
+         " format=\"binary\">" + base64(size + array.bytes) + "</DataArray>");
 }
 
 void VtkXml::add(std::string_view name, const std::vector<DataArray>& arrays,

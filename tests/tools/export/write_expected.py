@@ -45,7 +45,8 @@ ELEMENTS = [
 def array(kind, name, values, components=1):
     data = struct.pack(f"<{len(values)}{FORMATS[kind]}", *values)
     text = base64.b64encode(struct.pack("<Q", len(data)) + data).decode()
-    return f'<DataArray type="{kind}" Name="{name}" NumberOfComponents="{components}" format="binary">{text}</DataArray>'
+    size = f' NumberOfComponents="{components}"' if components > 1 else ""
+    return f'<DataArray type="{kind}" Name="{name}"{size} format="binary">{text}</DataArray>'
 
 
 def points(nodes):
