@@ -1,6 +1,7 @@
 // The command export: what a run produced, as files that other programs open.
 #include "cli/commands.hpp"
 #include "export/csv.hpp"
+#include "export/group_json.hpp"
 #include "export/loaded_piles.hpp"
 #include "export/vtp.hpp"
 #include "export/vtu.hpp"
@@ -120,6 +121,7 @@ group::Group read_case(const fs::path& from) {
 std::vector<ExportedFile> files_of(const group::Group& group, const std::string& format) {
     if (format == "vtp") return exporting::vtp_files(group);
     if (format == "vtu") return {exporting::vtu_file(group)};
+    if (format == "json") return {{"group.json", exporting::group_json(group)}};
     return exporting::csv_files(group);
 }
 
@@ -161,7 +163,7 @@ void add_export(CLI::App& program, int& code) {
         ->delimiter(',')
         ->allow_extra_args(false)
         ->type_name("FORMAT")
-        ->check(CLI::IsMember({"vtp", "vtu", "csv"}));
+        ->check(CLI::IsMember({"vtp", "vtu", "csv", "json"}));
     command->add_option("-o,--output", wishes->directory, "where the files go; made when missing")
         ->required()
         ->type_name("DIR");
@@ -172,6 +174,7 @@ void add_export(CLI::App& program, int& code) {
         ->type_name("");
     command->footer("vtp: piles, nodes and load vectors for ParaView. vtu: the group as a mesh. "
                     "csv: tables of sections, elements, nodes, curves, loads and piles. "
+                    "json: the whole group. "
                     "Files of the same names are overwritten.");
     command->callback([&code, wishes] {
         try {

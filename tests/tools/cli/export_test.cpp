@@ -69,11 +69,11 @@ const std::string barge_load = "barge-impact/expected/LOAD.09";
 TEST_F(ExportCommand, WritesTheFilesOfEachFormatOnce) {
     scratch_.write_file("PILE.07", example(barge_pile));
     scratch_.write_file("LOAD.09", example(barge_load));
-    const Call call = exported("vtu,csv,vtp,vtu", scratch_.path().string());
+    const Call call = exported("vtu,csv,vtp,json,vtu", scratch_.path().string());
     const std::vector<std::string> names{"group.vtu",  "sections.csv", "elements.csv", "nodes.csv",
                                          "curves.csv", "loads.csv",    "piles.csv",    "piles.vtp",
                                          "nodes.vtp",  "load-1.vtp",   "load-2.vtp",   "load-3.vtp",
-                                         "load-4.vtp", "load-5.vtp"};
+                                         "load-4.vtp", "load-5.vtp",   "group.json"};
     EXPECT_EQ(call, written(names));
     std::size_t files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(path("out")))

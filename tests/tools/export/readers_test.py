@@ -5,6 +5,7 @@ readers_test.py KORVAT KORVAT_TOOLS EXAMPLES: runs each example in a scratch dir
 PILE.07 and LOAD.09 are read here, after docs/files.md; values must agree to the last bit. Two more groups are written here: one
 of dummy piles alone, and one with values that are not finite or very small.
 """
+import json
 import math
 import pathlib
 import shutil
@@ -242,11 +243,46 @@ class Example:
             (self.directory / "PILE.07").write_bytes(data)
         before = {path: path.read_bytes() for path in self.directory.iterdir()}
         self.out = scratch / "exports" / name
-        command = [TOOLS, "export", "--to", "vtp,vtu,csv", "-o", self.out, self.directory]
+        command = [TOOLS, "export", "--to", "vtp,vtu,csv,json", "-o", self.out, self.directory]
         said = subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
         self.said = said.splitlines()
         self.is_untouched = before == {path: path.read_bytes() for path in self.directory.iterdir()}
         self.group = read_group(self.directory)
+
+
+def json_of(group, is_revision_5):
+    """What group.json must be, read back."""
+    def number(value):
+        return float(value) if math.isfinite(value) else {math.inf: "inf", -math.inf: "-inf"}.get(float(value), "nan")
+
+    def numbers(values):
+        return [number(value) for value in values]
+
+    def curve(table, i):
+        points = zip(group.curves[table, i], group.curves[table + 1, i])
+        return [{"axial": number(n), "moment": number(m)} for n, m in list(points)[: group.codes[i]]]
+
+    names = ("diameter", "wall", "area", "section_modulus", "axial_stiffness", "shear_stiffness", "bending_stiffness",
+             "torsional_stiffness", "wall_weight", "fluid_weight", "temperature_strain", "yield_stress", "elastic_modulus",
+             "shear_modulus", "eccentricity", "axial_yield", "torsional_yield")
+    kinds = ("springs", "forces", "soil_displacements")
+    return {
+        "format": "korvat group", "version": 1, "revision": 5 if is_revision_5 else 4,
+        "date": [2009, 9, 1] if is_revision_5 else None, "label": group.label,
+        "sections": [{"section": i + 1, "type": group.types[i], "tubes": group.tubes[i], **dict(zip(names, numbers(row))),
+                      "miscellaneous": numbers(row[17:]), "elastic_curve": curve(0, i), "plastic_curve": curve(2, i)}
+                     for i, row in enumerate(group.slots)],
+        "piles": [{"pile": p.number, "fixed_to": p.fixed_to, "tip_code": p.tip_code,
+                   "nodes": [{"node": n + 1, **dict(zip("xyz", numbers(p.points[n]))),
+                              **{kind: numbers(p.values[n, code]) for code, kind in enumerate(kinds)}}
+                             for n in range(len(p.points))],
+                   "elements": [{"element": e + 1, "section": int(p.section[e]), "diameter": number(p.diameter[e]),
+                                 "length": number(p.length[e]), "strain": number(p.strain[e])} for e in range(len(p.section))]}
+                  for p in group.piles],
+        "load_vectors": [{"vector": v, "label": label,
+                          "loads": [{"pile": row[0], "force": list(row[1:4]), "moment": list(row[4:])} for row in rows]}
+                         for v, (label, rows) in enumerate(group.loads, 1)],
+    }
 
 
 def of_each_example(test):
@@ -366,6 +402,13 @@ class Exports(unittest.TestCase):
             self.assertEqual(block.data.tolist(), cells)
             expected = element_values(example.group, [p for p in example.group.piles if belongs(p)])
             self.assert_arrays({name: values[index] for name, values in mesh.cell_data.items()}, expected)
+
+    @of_each_example
+    def test_group_json(self, example):
+        found = json.loads((example.out / "group.json").read_text(encoding="utf-8"))
+        is_revision_5 = (example.directory / "PILE.07").read_bytes()[1] == 12
+        self.assertEqual(list(found), list(json_of(example.group, is_revision_5)))
+        self.assertTrue(found == json_of(example.group, is_revision_5))
 
     def table(self, example, name):
         return pandas.read_csv(example.out / name, float_precision="round_trip", keep_default_na=True)
