@@ -45,7 +45,8 @@ private:
     // The next record, when there is one of that size; otherwise that is the damage.
     const Record* record(std::size_t size, const std::string& name) {
         if (next_ == records_.records.size()) {
-            damage_ = records_.damage ? records_.damage : Damage{records_.end, name + " is missing"};
+            damage_ =
+                records_.damage ? records_.damage : Damage{records_.end, name + " is missing"};
             return nullptr;
         }
         const Record& found = records_.records[next_];
