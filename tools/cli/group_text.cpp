@@ -107,9 +107,9 @@ std::string piles_text(const std::vector<Pile>& piles) {
                 pile.is_dummy() ? "dummy" : std::to_string(pile.elements.size())};
         for (const group::Node* const node : {&pile.nodes.front(), &pile.nodes.back()}) {
             for (const double value : {node->x, node->y, node->z})
-                add_number(row, value);
+                row.push_back(pile.is_dummy() && row.size() > 6 ? "" : shown_number(value));
         }
-        add_number(row, exporting::pile_length(pile));
+        row.push_back(pile.is_dummy() ? "" : shown_number(exporting::pile_length(pile)));
         table.add(std::move(row));
     }
     return "\nPiles\n\n" + table.text();
