@@ -34,6 +34,11 @@ std::string date_text(const std::array<int, 3>& date) {
     return std::to_string(date[0]) + two(date[1]) + two(date[2]);
 }
 
+// A line ends with no blank where there is no label.
+std::string behind_blank(const std::string& label) {
+    return label.empty() ? "" : ' ' + shown_text(label);
+}
+
 std::string heading(const Group& group) {
     std::string text = "Group of revision " + std::to_string(group.revision);
     if (group.revision == 5) text += " (" + date_text(group.date) + ")";
@@ -176,7 +181,7 @@ std::string load_vectors_text(const std::vector<group::LoadVector>& vectors) {
     std::string text = counted(vectors.size(), "load vector") + '\n';
     for (std::size_t i = 0; i < vectors.size(); ++i) {
         text +=
-            "\nLoad vector " + std::to_string(i + 1) + ": " + shown_text(vectors[i].label) + '\n';
+            "\nLoad vector " + std::to_string(i + 1) + ':' + behind_blank(vectors[i].label) + '\n';
         if (vectors[i].loads.empty()) continue;
         Table table({"pile", "force x", "force y", "force z", "moment x", "moment y", "moment z"},
                     {"", "F", "F", "F", "F L", "F L", "F L"});

@@ -28,7 +28,8 @@ long double size_of(double a, double b) {
 constexpr std::array<const char*, 6> directions = {"x", "y", "z", "about x", "about y", "about z"};
 
 double distance(const Node& a, const Node& b) {
-    return std::hypot(b.x - a.x, b.y - a.y, b.z - a.z);
+    // Infinite where a part is, which the form for three numbers does not keep.
+    return std::hypot(std::hypot(b.x - a.x, b.y - a.y), b.z - a.z);
 }
 
 struct Measure {
