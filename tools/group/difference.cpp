@@ -267,12 +267,25 @@ private:
     }
 
     void compare_totals(const Pile& a, const Pile& b) {
+        compare("sections from the head", section_order(a), section_order(b));
         for (const NodeValues& kind : node_values) {
             for (std::size_t k = 0; k < directions.size(); ++k) {
                 compare_reals((kind.is_summed ? "total " : "largest ") + name_of(kind, k),
                               unit_of(kind, k), total(a, kind, k), total(b, kind, k));
             }
         }
+    }
+
+    // Neighbouring elements of the same section count once.
+    static std::string section_order(const Pile& pile) {
+        std::string text;
+        int last = 0;
+        for (const Element& element : pile.elements) {
+            if (!text.empty() && element.section == last) continue;
+            last = element.section;
+            text += (text.empty() ? "" : " ") + std::to_string(last);
+        }
+        return text;
     }
 
     // The sum, or the value of the largest magnitude, over the nodes.

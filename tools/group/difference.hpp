@@ -41,7 +41,7 @@ struct Difference {
 };
 
 // Sections, piles and load vectors are matched by their numbers. Where two piles have the same number of
-// elements, these and their nodes are matched by theirs; otherwise head, tip, length, the totals of
+// elements, these and their nodes are matched by theirs; otherwise head, tip, length, the order of the sections, the totals of
 // springs and forces and the largest soil displacements are compared. Load vectors with different numbers of
 // loads are compared by their totals. What only revision 5 has is compared where both groups are of it.
 // Empty when nothing differs.

@@ -226,7 +226,9 @@ private:
         using Coordinate = std::pair<double Node::*, const char*>;
         for (const auto& [coordinate, axis] :
              {Coordinate(&Node::x, "X"), Coordinate(&Node::y, "Y"), Coordinate(&Node::z, "Z")}) {
-            const auto store = [&](Node& node, double value) { node.*coordinate = value; };
+            const auto store = [member = coordinate](Node& node, double value) {
+                node.*member = value;
+            };
             if (!read_row(pile.nodes, name + ": " + axis, store)) return false;
         }
         using Values = std::pair<Components Node::*, const char*>;
@@ -234,7 +236,9 @@ private:
             for (const auto& [values, kind] :
                  {Values(&Node::springs, "springs"), Values(&Node::forces, "forces"),
                   Values(&Node::displacements, "displacements")}) {
-                const auto store = [&](Node& node, double value) { (node.*values)[k] = value; };
+                const auto store = [member = values, k](Node& node, double value) {
+                    (node.*member)[k] = value;
+                };
                 const std::string row =
                     name + ": component " + std::to_string(k + 1) + " of the " + kind;
                 if (!read_row(pile.nodes, row, store)) return false;

@@ -89,11 +89,12 @@ TEST_F(Differences, OfPilesWithOtherNumbersOfElements) {
     b.piles[1].nodes[3].z = 21.0;
     b.piles[1].nodes[3].springs[2] = 10.0;
     b.piles[1].nodes[3].displacements[0] = 0.25;
-    b.piles[1].elements.push_back({});
+    b.piles[1].elements = {{1.0, 1.0, 2, 0.0}, {1.0, 1.0, 2, 0.0}, {1.0, 1.0, 1, 0.0}};
     const std::vector<Difference> expected{
         one(Subject::pile, 2, "elements", "", 2, 3),
         one(Subject::pile, 2, "tip z", "L", 20.0, 21.0),
         one(Subject::pile, 2, "length", "L", 20.0, 21.0),
+        one(Subject::pile, 2, "sections from the head", "", "2 3", "2 1"),
         one(Subject::pile, 2, "total spring z", "F/L", 150.0, 160.0)};
     EXPECT_TRUE(differences(a, b) == expected);
 }
