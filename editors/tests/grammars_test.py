@@ -153,6 +153,12 @@ class Grammars(unittest.TestCase):
                 deck = wrong_deck(version).rstrip("\n")
                 self.check(deck, self.textmate_marks(deck))
 
+    def test_first_line_may_end_the_deck(self):
+        deck = "END BEARING PILES\n  1 2"
+        self.assertEqual(marks_of(deck), ["E" * 17, "U" * 5])
+        self.check(deck, self.vim_marks(deck)[0])
+        self.check(deck, self.textmate_marks(deck))
+
     def test_marks_themselves(self):
         """The measure, by hand, on the lines that differ between the revisions."""
         deck = "label\nKORVAT Version: {}\n\nh\n\nh\n\nh\n 1,2 12x\n" + " 1" * 62 + "\n\nh\n 1,2\n" + " 1" * 41 + "\nEND\nx"

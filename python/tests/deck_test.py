@@ -211,6 +211,22 @@ class Written(unittest.TestCase):
             self.assertLessEqual(len(text), 24)
             self.assertRegex(text, r"^-?\d+\.\d*(E-?\d+)?$")
 
+    def test_numbers_are_written_as_an_engineer_does(self):
+        from korvat.numbers import real_text
+
+        cases = {1234567.0: "1234567.0", 12345678.0: "1.2345678E7", 1e7: "1.0E7", 0.0001: "0.0001", 0.00012: "0.00012", 9.9e-5: "9.9E-5"}
+        self.assertEqual({value: real_text(value) for value in cases}, cases)
+
+    def test_lines_are_filled_up_to_column_80_and_no_further(self):
+        from korvat.columns import Row, layout
+
+        # Eight columns with a gap of one: seven of nine digits and one of nine or ten.
+        names = ["N"] * 8
+        fits = [123456789] * 8
+        self.assertEqual([len(line) for line in layout(names, [Row(fits)])[1]], [80])
+        wide = [*fits[:7], 1234567890]
+        self.assertEqual([len(line) for line in layout(names, [Row(wide)])[1]], [70, 11])
+
     def test_all_headings_of_a_deck(self):
         deck = small()
         deck.add_section(1, 0.914, 0.019, number=4, note="Carefully chosen " * 8)

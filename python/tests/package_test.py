@@ -42,7 +42,7 @@ class Package(unittest.TestCase):
 
     def test_types(self):
         done = subprocess.run(
-            ["mypy", "--cache-dir", self.directory], cwd=SOURCE, text=True, capture_output=True, check=False
+            [sys.executable, "-m", "mypy", "--cache-dir", self.directory], cwd=SOURCE, text=True, capture_output=True, check=False
         )
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
 

@@ -22,6 +22,19 @@ TINY_SECTION = (
 )
 
 
+# One pile, with values that are too wide for their columns, and such that are no numbers.
+PLOT = b"""Wide
+
+        1  Number of piles
+
+   1   2*******  0.020   2  Pile,nodes,diam,wall,'material (1=steel 2=concrete)
+
+  Node     X         Y         Z
+    1-10000.000-20000.000       inf
+    2     1.000**********      -nan
+"""
+
+
 def run_example(name):
     run = korvat.run(EXAMPLES / name, in_place=False).check()
     assert not run.warnings, run.warnings
@@ -171,8 +184,7 @@ def small_decks():
 
 class Damage(unittest.TestCase):
     def setUp(self):
-        # Thousands of files are written: in memory, where the system has such a directory.
-        holder = tempfile.TemporaryDirectory(dir="/dev/shm" if os.path.isdir("/dev/shm") else None)
+        holder = tempfile.TemporaryDirectory()
         self.addCleanup(holder.cleanup)
         self.path = pathlib.Path(holder.name) / "file"
 
@@ -245,6 +257,7 @@ class Damage(unittest.TestCase):
         deck = next(small_decks())
         with korvat.run(deck).check() as run:
             pile, load = (run.files[name].read_bytes() for name in ("PILE.07", "LOAD.09"))
+        full = b"x" * 128
         cases = [
             (korvat.read_pile, b"", 0, "the file is empty"),
             (korvat.read_pile, b"KORVAT", 1, "the file ends inside a segment"),
@@ -259,7 +272,16 @@ class Damage(unittest.TestCase):
             (korvat.read_pile, pile[:84] + b"\3" + pile[85:], len(pile) - 1, "pile 3 is missing: the file ends before it"),
             (korvat.read_pile, pile[:88] + b"\xc9" + pile[89:], 83, "a count that is none: 2 piles, 201 sections"),
             (korvat.read_load, load[:84] + b"\0" + load[85:], 83, "vector 1 has 0 loads"),
+            (korvat.read_pile, pile[:82] + b"\x51" + pile[83:], 82, "the length behind a segment is not the one before it"),
+            (korvat.read_pile, b"K\x00\x00\x82", 1, "a record without data"),
+            # Records of 128 bytes and more: 80 opens one of exactly 128.
+            (korvat.read_load, b"K\x80" + full + b"\x81\x00\x00\x82", 1, "the label of vector 1 has 128 bytes, not 80"),
+            (korvat.read_load, b"K\x81" + full + b"\x81\x00\x00\x82", 1, "the first length does not agree with the record's"),
+            (korvat.read_load, b"K\x80" + full + b"\x81\x01x\x01\x82", 1, "the first length does not agree with the record's"),
+            (korvat.read_load, b"K\x81" + full + b"\x81\x80" + full + b"\x81\x00\x00\x82", 131, "no length of a segment"),
             (korvat.read_plot, b"", 0, "the file is empty"),
+            (korvat.read_plot, PLOT.replace(b"    2  ", b"    3  "), PLOT.index(b"    2  "), "this is not node 2 of pile 1"),
+            (korvat.read_plot, PLOT.replace(b"   1   2", b"   2   2"), PLOT.index(b"   1   2"), "pile 2 with 2 nodes, behind pile 0 of 1"),
             (korvat.read_plot, b"label\n\n  piles\n", 7, "this is not the number of piles"),
         ]
         for read, data, offset, reason in cases:
@@ -290,9 +312,7 @@ class Damage(unittest.TestCase):
         self.assertEqual(group.pile(1).coordinates.tolist(), [[0.0, 0.0, -1.0]])
 
     def test_values_without_ordinary_form_in_the_plot_file(self):
-        text = b"Wide\n\n        1  Number of piles\n\n   1   2*******  0.020   2  Pile,nodes,diam,wall,'material (1=steel 2=concrete)\n\n"
-        text += b"  Node     X         Y         Z\n    1-10000.000-20000.000       inf\n    2     1.000**********      -nan\n"
-        pile = self.read_bytes(korvat.read_plot, text).piles[0]
+        pile = self.read_bytes(korvat.read_plot, PLOT).piles[0]
         np.testing.assert_array_equal(pile.nodes, [[-10000.0, -20000.0, math.inf], [1.0, math.nan, math.nan]])
         self.assertTrue(math.isnan(pile.diameter))
         self.assertEqual((pile.wall, pile.material), (0.02, 2))

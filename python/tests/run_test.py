@@ -122,6 +122,12 @@ class Runs(unittest.TestCase):
         self.assertEqual(run.exit_code, 255)
         self.assertRegex(run.error.text, "^Error message from SR/GetRevision: End-of-file")
 
+    def test_stopped_run_on_windows(self):
+        ended = subprocess.CompletedProcess([], 0xFFFFFFFF, stderr=b"korvat: out of memory\r\n")
+        with mock.patch("subprocess.run", return_value=ended):
+            run = korvat.run(self.lay(EXAMPLES / "jacket"))
+        self.assertEqual((run.exit_code, run.error.text, dict(run.files)), (255, "out of memory", {}))
+
     def test_no_deck_and_no_program(self):
         with self.assertRaisesRegex(FileNotFoundError, "there is no deck"):
             korvat.run(self.case)
