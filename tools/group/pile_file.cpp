@@ -128,8 +128,9 @@ private:
     }
 
     bool read_section_integers() {
-        const Record* const integers = record(section_places * (2 + tube_places) * integer_size,
-                                              "the record of section integers");
+        const Record* const integers =
+            record(std::size_t{section_places} * (2 + tube_places) * integer_size,
+                   "the record of section integers");
         if (integers == nullptr) return false;
         Items items(*integers);
         std::vector<Section> sections = group_.sections;
@@ -157,7 +158,8 @@ private:
 
     bool read_curves() {
         const Record* const curves =
-            record(4 * section_places * curve_points * real_size, "the record of yield curves");
+            record(std::size_t{4} * section_places * curve_points * real_size,
+                   "the record of yield curves");
         if (curves == nullptr) return false;
         Items items(*curves);
         for (const auto& [curve, value] :

@@ -22,7 +22,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        const auto [group, has_loads, pile_damage, load_damage] = korvat::group::read_group(argv[1]);
+        const auto [group, has_loads, pile_damage, load_damage] =
+            korvat::group::read_group(argv[1]);
         if (pile_damage || load_damage) {
             const auto& damage = pile_damage ? *pile_damage : *load_damage;
             std::cerr << "damaged at byte " << damage.offset << ": " << damage.reason << '\n';
