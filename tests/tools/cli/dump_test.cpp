@@ -214,6 +214,10 @@ TEST_F(Dump, TellsWhatIsNeitherFile) {
         called_with({"dump", file("K\x82")}),
         (CommandCall{1, "",
                      damage("offset 1: the file has no records: the run that wrote it failed")}));
+    EXPECT_EQ(called_with({"dump", file("K" + RecordBytes().label("Waves").framed() + '\x82')}),
+              (CommandCall{1, "",
+                           damage("offset 83: the file ends behind its label: the run that wrote "
+                                  "it failed")}));
     EXPECT_EQ(called_with({"dump", file("K" + RecordBytes().integer(7).framed() + '\x82')}),
               (CommandCall{1, "",
                            damage("offset 1: the records are neither those of a PILE.07 nor those "

@@ -5,6 +5,7 @@
 #include "sample_group.hpp"
 #include "support/scratch_directory.hpp"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace korvat::test {
@@ -59,6 +60,38 @@ TEST(LoadFile, CutAnywhereGivesTheLoadsBefore) {
         if (length >= 339) expected[1].loads.push_back(loads[1].loads[0]);
         EXPECT_TRUE(reading.vectors == expected) << length;
     }
+}
+
+// Of the cases; those of runs that failed end behind the loads that were read.
+TEST(LoadFile, OfEveryCaseIsReadUpToAnyCut) {
+    std::size_t sound = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(KORVAT_CASES_DIR)) {
+        const auto path = entry.path() / "expected/LOAD.09";
+        if (!std::filesystem::exists(path)) continue;
+        SCOPED_TRACE(path.string());
+        const std::string file = read_whole_file(path);
+        const LoadReading whole = read(file);
+        if (!whole.damage) {
+            ++sound;
+            EXPECT_EQ(written_load_file(whole.vectors), file);
+        }
+        for (std::size_t length = 0; length < file.size(); length += length < 600 ? 1 : 7) {
+            const LoadReading part = read(file.substr(0, length));
+            ASSERT_TRUE(part.damage) << length;
+            ASSERT_LE(part.vectors.size(), whole.vectors.size());
+            for (std::size_t v = 0; v < part.vectors.size(); ++v) {
+                const auto& loads = part.vectors[v].loads;
+                const auto& all = whole.vectors[v].loads;
+                EXPECT_EQ(part.vectors[v].label, whole.vectors[v].label);
+                ASSERT_LE(loads.size(), all.size());
+                EXPECT_TRUE(std::equal(loads.begin(), loads.end(), all.begin()));
+                if (v + 1 < part.vectors.size()) {
+                    EXPECT_EQ(loads.size(), all.size());
+                }
+            }
+        }
+    }
+    EXPECT_GE(sound, 10U);
 }
 
 TEST(LoadFile, EachDamageHasItsPlaceAndReason) {
