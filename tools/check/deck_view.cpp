@@ -231,7 +231,7 @@ std::string text_of(double value, int digits) {
     const std::size_t exponent = text.find('e');
     if (exponent == std::string::npos) return text;
     const bool is_negative = text[exponent + 1] == '-';
-    const std::size_t first = text.find_first_not_of("0", exponent + 2);
+    const std::size_t first = text.find_first_not_of('0', exponent + 2);
     return text.substr(0, exponent) + (is_negative ? "E-" : "E") + text.substr(first);
 }
 

@@ -27,9 +27,10 @@ std::map<int, int> element_counts(const Subject& subject) {
     return counts;
 }
 
-std::string range_of(int first, int last, const std::string& one) {
-    if (first == last) return one + " " + text_of(first);
-    return one + "s " + text_of(first) + " to " + text_of(last);
+// "pile 3" or "piles 3 to 5".
+std::string range_of(int first, int last, std::string text) {
+    if (first == last) return text.append(" ").append(text_of(first));
+    return text.append("s ").append(text_of(first)).append(" to ").append(text_of(last));
 }
 
 void look_for_fixing_to_itself(const Subject& subject, const Rule& rule, Findings& findings) {
