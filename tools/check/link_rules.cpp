@@ -37,12 +37,12 @@ void look_for_fixing_to_itself(const Subject& subject, const Rule& rule, Finding
     for (const FixView& fix : fixings(subject)) {
         if (fix.fixed_to < fix.first_pile || fix.fixed_to > fix.last_pile || fix.fixed_to < 1)
             continue;
-        const std::string number = text_of(fix.fixed_to);
         report(findings, rule, place_of(fix.row, 4),
                range_of(fix.first_pile, fix.last_pile, "Pile") +
-                   (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " + number +
-                   ": pile " + number + " is fixed to itself.",
-               "Give pile " + number + " a record of its own with 0.");
+                   (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " +
+                   text_of(fix.fixed_to) + ": pile " + text_of(fix.fixed_to) +
+                   " is fixed to itself.",
+               "Give pile " + text_of(fix.fixed_to) + " a record of its own with 0.");
     }
 }
 
