@@ -60,6 +60,11 @@ TEST(GeometryRules, ClashOfParallelPiles) {
                                 clash_remedy)}));
     EXPECT_EQ(found_by(rule, with_pile_3("  3  2   0    0.0  1.0  0.0   0.0  0.0  0.0")),
               Findings{});
+    // A millionth of the radii is rounding.
+    EXPECT_EQ(
+        found_by(rule, with_pile_3("  3  2   0    0.0  0.99999899 0.0  0.0  0.0  0.0")).size(), 1U);
+    EXPECT_EQ(found_by(rule, with_pile_3("  3  2   0    0.0  0.99999901 0.0  0.0  0.0  0.0")),
+              Findings{});
 }
 
 TEST(GeometryRules, NoClashOfPilesThatPartFromOneHead) {
@@ -96,7 +101,10 @@ TEST(GeometryRules, HeadsThatCoincide) {
                                 "Move one of them, or fix both to one dummy pile if they meet on "
                                 "purpose.")}));
     EXPECT_EQ(found_by(rule, pair), Findings{});
-    const std::string apart = with_pile_4("  4  0   0    3.02 2.0  0.0   10.02 2.0 24.0");
+    // A hundredth of the radii is the same point.
+    const std::string near = with_pile_4("  4  0   0    3.0099 2.0 0.0  10.0099 2.0 24.0");
+    EXPECT_EQ(found_by(rule, free(near)).size(), 1U);
+    const std::string apart = with_pile_4("  4  0   0    3.0101 2.0 0.0  10.0101 2.0 24.0");
     EXPECT_EQ(found_by(rule, free(apart)), Findings{});
 }
 
@@ -141,7 +149,10 @@ TEST(GeometryRules, ExchangedAxes) {
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    3.0  -2.0 0.0   3.0 -26.0 7.0")),
               (Findings{warning(rule, {35, 35, 5}, "Pile 4 runs 24 in y and only 7 downwards.",
                                 "Check whether y and z are exchanged.")}));
-    const std::string flat = with_pile_4("  4  0   0    3.0  -2.0 0.0   23.0 -2.0 15.0");
+    // 22.4 to 11.1 is 1:2.02, and 22.3 to 11.3 is 1:1.97.
+    EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 0.0  22.4  -2.0 11.1")).size(),
+              1U);
+    const std::string flat = with_pile_4("  4  0   0    0.0  -2.0 0.0  22.3  -2.0 11.3");
     EXPECT_EQ(found_by(rule, flat), Findings{});
     EXPECT_EQ(found_by("batter-flat", flat).size(), 1U);
 }
@@ -152,7 +163,9 @@ TEST(GeometryRules, FlatBatter) {
               (Findings{warning(rule, {35, 41, 4},
                                 "Pile 4 runs 20 horizontally and 15 downwards, flatter than 1:1.",
                                 "Check head and tip.")}));
-    EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    3.0  -2.0 0.0   18.0 -2.0 20.0")),
+    EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 0.0  17.8  -2.0 17.555")).size(),
+              1U);
+    EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 0.0  17.555 -2.0 17.8")),
               Findings{});
 }
 
@@ -212,9 +225,9 @@ TEST(GeometryRules, CopyOfACopy) {
 TEST(GeometryRules, LengthNearItsLimit) {
     const std::string rule = "length-near-limit";
     EXPECT_EQ(
-        found_by(rule, with_pile_2("  2  0   0    3.0  2.0  0.0   3.0  2.0  24.0144")),
-        (Findings{warning(rule, {33, 41, 7},
-                          "Pile 2 is 24.0144 long from head to tip and its segments 24: 0.06 "
+        found_by(rule, with_pile_2("  2  0   0    3.0  2.0  0.0   3.0  2.0  24.01224")),
+        (Findings{warning(rule, {33, 41, 8},
+                          "Pile 2 is 24.0122 long from head to tip and its segments 24: 0.051 "
                           "% apart, where more than 0.1 % is an error.",
                           "Move the tip, or give the last segment the rest of the length.")}));
     EXPECT_EQ(found_by(rule, with_pile_2("  2  0   0    3.0  2.0  0.0   3.0  2.0  24.0119")),

@@ -161,6 +161,8 @@ TEST(LinkRules, TemperatureOfAComposite) {
                                 "temperature strain 15: it takes the node values themselves.",
                                 "Give the nodes of composites the strain, such as 15 times "
                                 "1.2E-5.")}));
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5, "     1.8E-4 0.0", "     0.0101 0.0")).size(),
+              1U);
     EXPECT_EQ(found_by(rule, changed(sound_deck_5, "     1.8E-4 0.0", "     0.01   0.0")),
               Findings{});
 }

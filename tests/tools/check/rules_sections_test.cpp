@@ -44,12 +44,13 @@ TEST(SectionRules, SmallSlenderness) {
 
 TEST(SectionRules, LargeSlenderness) {
     const std::string rule = "dt-large";
-    EXPECT_EQ(found_by(rule, with_wall("0.008")),
-              (Findings{warning(rule, {20, 21, 5},
-                                "The wall 0.008 of section 1 makes D/t 125, above 120: the wall "
-                                "buckles before it yields.",
-                                "Check wall and diameter; a tube like this needs a shell buckling "
-                                "check of its own.")}));
+    EXPECT_EQ(
+        found_by(rule, with_wall("0.00825")),
+        (Findings{warning(rule, {20, 21, 7},
+                          "The wall 0.00825 of section 1 makes D/t 121.2, above 120: the wall "
+                          "buckles before it yields.",
+                          "Check wall and diameter; a tube like this needs a shell buckling "
+                          "check of its own.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  1  1    1.0       0.030 ",
                                      "  1  1    1.2       0.010 ")),
               Findings{});
@@ -58,13 +59,13 @@ TEST(SectionRules, LargeSlenderness) {
 TEST(SectionRules, SlendernessThatStopsTheRun) {
     const std::string rule = "dt-stops-run";
     const std::string line = "  2  1 -1  1  1.000  ";
-    EXPECT_EQ(
-        found_in_refused(rule, changed(sound_deck_5, line + "0.030", line + "0.008")),
-        (Findings{warning(rule, {26, 22, 5},
-                          "The wall 0.008 of section 2 makes D/t 125, above 120: no yield curve "
-                          "can be computed, and the run stops.",
-                          "Make the wall thicker, or give the curve by points with a code of 1 to "
-                          "10.")}));
+    EXPECT_EQ(found_in_refused(rule, changed(sound_deck_5, line + "0.030", line + "0.00825")),
+              (Findings{warning(
+                  rule, {26, 22, 7},
+                  "The wall 0.00825 of section 2 makes D/t 121.2, above 120: no yield curve "
+                  "can be computed, and the run stops.",
+                  "Make the wall thicker, or give the curve by points with a code of 1 to "
+                  "10.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck_5, line + "0.030", line + "0.00834")), Findings{});
     EXPECT_EQ(found_by("dt-large", changed(sound_deck_5, line + "0.030", line + "0.00834")),
               Findings{});
@@ -75,9 +76,9 @@ TEST(SectionRules, GivenStiffness) {
     const std::string line = "  1  1    1.0       0.030   ";
     const std::string remedy = "Check its units and the order EA, EI, GA, GJ; 0 has it computed.";
     // EA = 2.1E8 pi 0.97 0.03 = 1.91983E7, EI = 2.1E8 pi (1 - 0.94^4) / 64 = 2.26012E6
-    EXPECT_EQ(found_by(rule, changed(sound_deck, line + "0.  0.", line + "1.0E8 0.")),
+    EXPECT_EQ(found_by(rule, changed(sound_deck, line + "0.  0.", line + "9.7E7 0.")),
               (Findings{warning(rule, {20, 29, 5},
-                                "The given EA 1E8 of section 1 is 5.21 times that of the tube, "
+                                "The given EA 9.7E7 of section 1 is 5.05 times that of the tube, "
                                 "1.91983E7.",
                                 remedy)}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, line + "0.  0.", line + "0. 2260.")),

@@ -110,7 +110,8 @@ TEST(UnitRules, ForceFactor) {
                                 "The force factor 2 turns the numbers of the deck, which are in "
                                 "kN, into units of 0.5 kN.",
                                 "Give 1.0, or the factor from kN to the unit that is wanted.")}));
-    for (const std::string factor : {"1000.", "0.001", "0.2248", "1.005"})
+    EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     force", "1.0102 force")).size(), 1U);
+    for (const std::string factor : {"1000.", "0.001", "0.2248", "1.0098", "0.9902"})
         EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     force", factor + " force")),
                   Findings{})
             << factor;
@@ -216,9 +217,14 @@ TEST(UnitRules, DiameterUnusual) {
         (Findings{warning(rule, {20, 11, 5},
                           "The diameter 914 of section 1 is 914 m in kN and m; it looks like mm.",
                           remedy)}));
-    EXPECT_EQ(found_by(rule, with_section("0.05 0.005")),
+    EXPECT_EQ(
+        found_by(rule, with_section("0.059 0.005")),
+        (Findings{warning(rule, {20, 11, 5},
+                          "The diameter 0.059 of section 1 is 0.059 m in kN and m.", remedy)}));
+    EXPECT_EQ(found_by(rule, with_section("15.1 0.2")),
               (Findings{warning(rule, {20, 11, 4},
-                                "The diameter 0.05 of section 1 is 0.05 m in kN and m.", remedy)}));
+                                "The diameter 15.1 of section 1 is 15.1 m in kN and m.", remedy)}));
+    EXPECT_EQ(found_by(rule, with_section("15.0 0.2")), Findings{});
     EXPECT_EQ(found_by(rule, with_section("0.06 0.005")), Findings{});
 }
 
@@ -255,6 +261,14 @@ TEST(UnitRules, LengthUnusual) {
         (Findings{warning(rule, {33, 41, 4},
                           "Pile 2 is 301 long from head to tip, 301 m in kN and m.", remedy)}));
     EXPECT_EQ(found_by(rule, with_length("288.", "300.")), Findings{});
+    const auto stub = [](const std::string& length) {
+        return changed(with_length(length, length), "  2  2     1 2", "  2  1     2");
+    };
+    EXPECT_EQ(
+        found_by(rule, stub("0.49")),
+        (Findings{warning(rule, {33, 41, 4},
+                          "Pile 2 is 0.49 long from head to tip, 0.49 m in kN and m.", remedy)}));
+    EXPECT_EQ(found_by(rule, stub("0.50")), Findings{});
 }
 
 TEST(UnitRules, FluidWeightUnusual) {
@@ -265,6 +279,8 @@ TEST(UnitRules, FluidWeightUnusual) {
                   rule, {20, 45, 4},
                   "The unit weight 1.03 of the fluid in section 1 is 1.03 kN/m3 in kN and m.",
                   "Give a unit weight in the units of the deck: water has 9.81.")}));
+    EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + "4.9")).size(), 1U);
+    EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + "30.5")).size(), 1U);
     for (const std::string weight : {"0.0", "5.0", "30.0"})
         EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + weight)), Findings{})
             << weight;
@@ -278,9 +294,13 @@ TEST(UnitRules, TemperatureStrainUnusual) {
                                 "material for one degree.",
                                 "Give the strain for one degree: steel has 1.2E-5 for one degree "
                                 "Celsius, 6.5E-6 for one Fahrenheit.")}));
+    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.49E-6")).size(), 1U);
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.5E-6")), Findings{});
-    // The program itself warns of this one.
-    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.2E-3")), Findings{});
+    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 3.0E-5")), Findings{});
+    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 3.1E-5")).size(), 1U);
+    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 0.99E-4")).size(), 1U);
+    // The program itself warns above 1.0E-4.
+    EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.01E-4")), Findings{});
 }
 
 } // namespace
