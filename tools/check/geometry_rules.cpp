@@ -109,8 +109,9 @@ void look_for_equal_piles(const Subject& subject, const Rule& rule, Findings& fi
 }
 
 void look_at_tips_above_heads(const Subject& subject, const Rule& rule, Findings& findings) {
+    const double rounding = threshold::same_length / length_factor(subject);
     for (const PileView& pile : piles(subject)) {
-        if (pile.tip[2] >= pile.head[2]) continue;
+        if (pile.tip[2] >= pile.head[2] - rounding) continue;
         const std::string number = text_of(pile.number);
         if (pile.is_given()) {
             report(findings, rule, place_of(pile.row, 9),
@@ -283,9 +284,11 @@ void look_at_pile_lengths(const Subject& subject, const Rule& rule, Findings& fi
 
 void look_at_dummies(const Subject& subject, const Rule& rule, Findings& findings) {
     const auto list = piles(subject);
+    const double rounding = threshold::same_length / length_factor(subject);
     for (const SegmentListView& table : segment_lists(subject)) {
         const PileView* const pile = numbered(list, table.pile);
-        if (pile == nullptr || !table.types.empty() || pile->head == pile->tip) continue;
+        if (pile == nullptr || !table.types.empty()) continue;
+        if (distance(pile->head, pile->tip) <= rounding) continue;
         report(findings, rule, place_of(table.row, 2),
                "Pile " + text_of(pile->number) +
                    " has no segments and becomes a dummy pile, but its tip is " +

@@ -12,9 +12,10 @@ constexpr double inch = 0.0254;
 constexpr double kip = 4448.2216;
 
 constexpr UnitSystem all_systems[] = {
-    {"kN and m", "m", 1.0e3, 1.0},   {"N and m", "m", 1.0, 1.0},
-    {"N and mm", "mm", 1.0, 1.0e-3}, {"MN and m", "m", 1.0e6, 1.0},
-    {"kip and ft", "ft", kip, foot}, {"kip and inch", "inch", kip, inch},
+    {"kN and m", "m", 1.0e3, 1.0},      {"N and m", "m", 1.0, 1.0},
+    {"N and mm", "mm", 1.0, 1.0e-3},    {"MN and m", "m", 1.0e6, 1.0},
+    {"kip and ft", "ft", kip, foot},    {"kip and inch", "inch", kip, inch},
+    {"kN and mm", "mm", 1.0e3, 1.0e-3}, {"kN and cm", "cm", 1.0e3, 1.0e-2},
     {"tf and m", "m", 9806.65, 1.0},
 };
 

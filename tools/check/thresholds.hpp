@@ -50,6 +50,9 @@ inline constexpr double flattest_batter = 1.0;
 // With two axes exchanged a pile that is this flat becomes steeper than 1:2, as nearly every pile is.
 inline constexpr double exchanged_batter = 2.0;
 
+// Two stored lengths are the same to the program when they differ by no more, in L.
+inline constexpr double same_length = 1.0e-10;
+
 // Difference of a pile's length and the sum of its segments, as a part of the sum: accepted up to 0.001;
 // lengths that are rounded to centimetres stay below half of that.
 inline constexpr double length_difference = 0.0005;

@@ -85,6 +85,18 @@ void look_at_length_factor(const Subject& subject, const Rule& rule, Findings& f
                    "length", {units->length_name, units->length}, length_units);
 }
 
+// "kN and m, N and m, ... or tf and m".
+std::string all_unit_systems() {
+    std::string list;
+    const auto systems = unit_systems();
+    for (std::size_t i = 0; i < systems.size(); ++i) {
+        const std::string_view before = i + 1 == systems.size() ? " or " : ", ";
+        if (i > 0) list.append(before);
+        list.append(systems[i].name);
+    }
+    return list;
+}
+
 void look_at_unit_system(const Subject& subject, const Rule& rule, Findings& findings) {
     const auto list = materials(subject);
     if (list.empty() || deck_units(subject)) return;
@@ -92,8 +104,7 @@ void look_at_unit_system(const Subject& subject, const Rule& rule, Findings& fin
         findings, rule, place_of(list.front().row, 2),
         "The E-modulus " + text_of(list.front().modulus) + " of material " +
             text_of(list.front().number) +
-            " is that of no steel, concrete, aluminium or timber in kN and m, N and m, N and mm, MN "
-            "and m, kip and ft, kip and inch or tf and m.",
+            " is that of no steel, concrete, aluminium or timber in " + all_unit_systems() + ".",
         "Give modulus, yield stress and unit weight in the force and length units of the deck; the "
         "other rules on units have not looked at this deck.");
 }

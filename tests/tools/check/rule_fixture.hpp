@@ -103,9 +103,14 @@ private:
             const std::size_t begin = text.find_first_not_of(" ,", end);
             if (begin == std::string::npos) break;
             end = std::min(text.find_first_of(" ,", begin), text.size());
+            std::string digits = text.substr(begin, end - begin);
+            std::ranges::replace_if(
+                digits, [](char c) { return c == 'd' || c == 'D'; }, 'E');
+            if (digits.starts_with('+')) digits.erase(0, 1);
             double value = 0.0;
-            const char* const first = text.data() + begin + (text[begin] == '+' ? 1 : 0);
-            if (std::from_chars(first, text.data() + end, value).ec != std::errc{}) break;
+            if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec !=
+                std::errc{})
+                break;
             numbers.push_back({value,
                                {static_cast<int>(kept_[next_]) + 1, static_cast<int>(begin) + 1,
                                 static_cast<int>(end - begin)}});

@@ -67,6 +67,8 @@ TEST(UnitRules, NothingToSayOfTheSameDeckInAnyUnits) {
     EXPECT_EQ(CheckedDeck(sound_deck_in(1000.0, 1.0)).all_findings(), Findings{});
     EXPECT_EQ(CheckedDeck(sound_deck_in(kip, foot)).all_findings(), Findings{});
     EXPECT_EQ(CheckedDeck(sound_deck_in(kip, inch)).all_findings(), Findings{});
+    EXPECT_EQ(CheckedDeck(sound_deck_in(1.0, millimetre)).all_findings(), Findings{});
+    EXPECT_EQ(CheckedDeck(sound_deck_in(1.0, 0.01)).all_findings(), Findings{});
     EXPECT_EQ(CheckedDeck(sound_deck_in(9.80665, 1.0)).all_findings(), Findings{});
     EXPECT_EQ(CheckedDeck(sound_deck_in(newton, millimetre, 0.001, 0.001)).all_findings(),
               Findings{});
@@ -138,8 +140,8 @@ TEST(UnitRules, UnitSystem) {
               (Findings{warning(
                   rule, {16, 8, 3},
                   "The E-modulus 7 of material 1 is that of no steel, concrete, aluminium or "
-                  "timber in kN and m, N and m, N and mm, MN and m, kip and ft, kip and inch or tf "
-                  "and m.",
+                  "timber in kN and m, N and m, N and mm, MN and m, kip and ft, kip and inch, kN "
+                  "and mm, kN and cm or tf and m.",
                   "Give modulus, yield stress and unit weight in the force and length units of the "
                   "deck; the other rules on units have not looked at this deck.")}));
     // Weight and yield stress tell the units: the modulus alone is odd.
