@@ -5,7 +5,6 @@
 #include "support/scratch_directory.hpp"
 
 #include "check/rule.hpp"
-#include "check/rules.hpp"
 #include "fortran/stop.hpp"
 #include "group/load_file.hpp"
 #include "group/pile_file.hpp"
@@ -184,6 +183,15 @@ private:
     std::vector<check::Row> rows_;
 };
 
+// The rules that look at the model, in the order of their groups.
+inline std::vector<check::Rule> model_rules() {
+    std::vector<check::Rule> rules;
+    for (const auto group : {check::unit_rules(), check::section_rules(), check::geometry_rules(),
+                             check::element_rules(), check::link_rules()})
+        rules.insert(rules.end(), group.begin(), group.end());
+    return rules;
+}
+
 // A deck after its run. Raises what is missing when the deck has not all its lines.
 class CheckedDeck {
 public:
@@ -214,16 +222,11 @@ public:
         return found;
     }
 
-    // Of all rules that look at the model.
     [[nodiscard]] Findings all_findings() const {
         Findings all;
-        for (const auto group :
-             {check::unit_rules(), check::section_rules(), check::geometry_rules(),
-              check::element_rules(), check::link_rules()}) {
-            for (const check::Rule& rule : group) {
-                const Findings found = findings(rule);
-                all.insert(all.end(), found.begin(), found.end());
-            }
+        for (const check::Rule& rule : model_rules()) {
+            const Findings found = findings(rule);
+            all.insert(all.end(), found.begin(), found.end());
         }
         return all;
     }
@@ -247,7 +250,7 @@ private:
 };
 
 inline check::Rule rule_named(std::string_view name) {
-    const std::vector<check::Rule> rules = check::all_rules();
+    const std::vector<check::Rule> rules = model_rules();
     const auto found = std::ranges::find(rules, name, &check::Rule::name);
     if (found == rules.end()) throw std::runtime_error("no rule " + std::string(name));
     return *found;

@@ -26,7 +26,7 @@ std::string lines_by_rule(const Findings& findings) {
     return text;
 }
 
-TEST(Rules, NothingToSayOfSoundDecks) {
+TEST(ModelRules, NothingToSayOfSoundDecks) {
     for (const std::string& deck : {sound_deck, sound_deck_5}) {
         const CheckedDeck checked(deck);
         EXPECT_EQ(checked.exit_code(), 0);
@@ -34,13 +34,13 @@ TEST(Rules, NothingToSayOfSoundDecks) {
     }
 }
 
-TEST(Rules, NothingToSayOfThreeExamples) {
+TEST(ModelRules, NothingToSayOfThreeExamples) {
     for (const std::string name : {"jacket", "dolphin", "insert-piles"})
         EXPECT_EQ(CheckedDeck(example(name)).all_findings(), Findings{}) << name;
 }
 
 // Piles 12 and 13 are fenders that stand free in front of the cap, and vector 2 loads them.
-TEST(Rules, TheFendersOfTheBargeImpactStandFree) {
+TEST(ModelRules, TheFendersOfTheBargeImpactStandFree) {
     const std::string remedy = "Check that its head is meant to be free.";
     EXPECT_EQ(
         CheckedDeck(example("barge-impact")).all_findings(),
@@ -57,7 +57,7 @@ TEST(Rules, TheFendersOfTheBargeImpactStandFree) {
 // node value records, and distances between points every 20 mm along all piles. The raked piles pass
 // the long vertical ones of their blocks; the long ones have up to 450 elements; the copies of the long ones
 // do not repeat their tip codes; and the 499 records of node values run over the piles several times.
-TEST(Rules, TheGroupAtTheLimits) {
+TEST(ModelRules, TheGroupAtTheLimits) {
     EXPECT_EQ(
         lines_by_rule(CheckedDeck(example("limits")).all_findings()),
         "copy-tip-code: 1423 1426 1429 1432 1435 1438 1441 1444 1447 1450 1453 1456 1459 1462 "
@@ -78,7 +78,7 @@ TEST(Rules, TheGroupAtTheLimits) {
 
 // The same group with composites: section numbers step past sections of all sizes, temperatures are given
 // where composites take strains, and the points of section 5 have no engineering meaning.
-TEST(Rules, TheGroupAtTheLimitsOfRevision5) {
+TEST(ModelRules, TheGroupAtTheLimitsOfRevision5) {
     EXPECT_EQ(
         lines_by_rule(CheckedDeck(example("limits-revision-5")).all_findings()),
         "composite-temperature: 1781 1785 1789 1793 1801 1805 1809 1813 1817 1821 1825 1829 1833 "
@@ -108,14 +108,14 @@ TEST(Rules, TheGroupAtTheLimitsOfRevision5) {
         "1624 1624 1624 1624 1624 1626 1669 1669 1669 1669 1669 1669 1669 1669 1670 1670\n");
 }
 
-TEST(Rules, NamesDiffer) {
+TEST(ModelRules, NamesDiffer) {
     std::set<std::string_view> names;
-    for (const check::Rule& rule : check::all_rules())
+    for (const check::Rule& rule : model_rules())
         EXPECT_TRUE(names.insert(rule.name).second) << rule.name;
 }
 
 // docs/checks.md has a section for each rule, in the order of its group, that answers four questions.
-TEST(Rules, EachHasItsSectionInTheDocument) {
+TEST(ModelRules, EachHasItsSectionInTheDocument) {
     const std::string text = read_whole_file(
         std::filesystem::path(KORVAT_EXAMPLES_DIR).parent_path() / "docs" / "checks.md");
     std::size_t at = 0;
