@@ -214,8 +214,14 @@ public:
     [[nodiscard]] int exit_code() const { return exit_code_; }
     [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
 
+    [[nodiscard]] const check::Outline& outline() const { return outline_; }
+
     [[nodiscard]] Findings findings(const check::Rule& rule) const {
-        const check::Subject subject{lines_, outline_, *cmn_, group_ ? &*group_ : nullptr,
+        return findings(rule, outline_);
+    }
+    // With other rows than those of the deck.
+    [[nodiscard]] Findings findings(const check::Rule& rule, const check::Outline& outline) const {
+        const check::Subject subject{lines_, outline, *cmn_, group_ ? &*group_ : nullptr,
                                      exit_code_};
         Findings found;
         rule.look(subject, rule, found);

@@ -1,7 +1,9 @@
 // No rule finds anything in a sound deck, and in the examples only what an engineer would say too.
 #include "rule_fixture.hpp"
 
+#include <array>
 #include <map>
+#include <random>
 #include <set>
 
 namespace korvat::test {
@@ -106,6 +108,45 @@ TEST(ModelRules, TheGroupAtTheLimitsOfRevision5) {
         "1068 1071 1074 1098 1101 1104 1108 1111 1114 1138 1141 1144 1311\n"
         "stiffness-jump: 1577 1577 1577 1577 1577 1577 1577 1578 1578 1578 1621 1621 1624 1624 "
         "1624 1624 1624 1624 1624 1626 1669 1669 1669 1669 1669 1669 1669 1669 1670 1670\n");
+}
+
+// Rows of a deck with some numbers at the ends of their range and some cut off.
+check::Outline damaged(const check::Outline& outline, std::mt19937& random) {
+    constexpr std::array<double, 12> extremes = {0.0,      -0.0,     -1.0,         1.0e300,
+                                                 -1.0e300, 1.0e-300, 2147483647.0, -2147483648.0,
+                                                 4.0e9,    0.5,      1000.0,       7.0};
+    const auto one_of = [&](std::size_t count) { return random() % count; };
+    std::vector<check::Row> rows = outline.rows();
+    for (std::size_t i = 0; i < 1 + one_of(8); ++i) {
+        check::Row& row = rows[one_of(rows.size())];
+        if (row.numbers.empty()) continue;
+        if (one_of(4) == 0) row.numbers.resize(one_of(row.numbers.size()));
+        if (row.numbers.empty()) continue;
+        row.numbers[one_of(row.numbers.size())].value = extremes[one_of(extremes.size())];
+    }
+    return check::Outline(std::move(rows));
+}
+
+// Every rule takes any rows, also such as do not belong to the group, and names places of the deck.
+TEST(ModelRules, TakeAnyRows) {
+    std::mt19937 random(11);
+    const std::string refused =
+        changed(sound_deck, "  1  1    1.0       0.030 ", "  1  1    1.0       25.0 ");
+    for (const std::string& deck : {sound_deck, sound_deck_5, refused}) {
+        const CheckedDeck checked(deck);
+        const int lines = static_cast<int>(checked.lines().size());
+        for (int i = 0; i < 300; ++i) {
+            const check::Outline outline = damaged(checked.outline(), random);
+            for (const check::Rule& rule : model_rules()) {
+                for (const Finding& finding : checked.findings(rule, outline)) {
+                    ASSERT_EQ(finding.rule, rule.name);
+                    ASSERT_TRUE(finding.place.line >= 0 && finding.place.line <= lines);
+                    ASSERT_TRUE(finding.message.ends_with('.')) << finding.message;
+                    ASSERT_TRUE(finding.remedy.ends_with('.')) << finding.remedy;
+                }
+            }
+        }
+    }
 }
 
 TEST(ModelRules, NamesDiffer) {
