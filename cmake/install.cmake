@@ -4,7 +4,7 @@ set(only_documents PATTERN "expected" EXCLUDE PATTERN "*.1" EXCLUDE)
 set(licences ${PROJECT_SOURCE_DIR}/packaging/licences)
 
 # What must be built before a package is made.
-add_custom_target(packaged DEPENDS korvat)
+add_custom_target(packaged DEPENDS korvat korvat_group)
 
 if(WIN32)
   install(TARGETS korvat RUNTIME DESTINATION .)
@@ -23,6 +23,35 @@ endif()
 
 install(TARGETS korvat RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR} ${only_documents})
+
+# The library for other people's programs: find_package(korvat), target korvat::group.
+include(CMakePackageConfigHelpers)
+set(library_package ${CMAKE_INSTALL_LIBDIR}/cmake/korvat)
+install(
+  TARGETS korvat_group
+  EXPORT korvat-targets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+install(
+  DIRECTORY ${PROJECT_SOURCE_DIR}/tools/group
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/korvat
+  COMPONENT library
+  FILES_MATCHING
+  PATTERN "*.hpp")
+install(
+  EXPORT korvat-targets
+  NAMESPACE korvat::
+  DESTINATION ${library_package}
+  COMPONENT library)
+configure_package_config_file(
+  ${PROJECT_SOURCE_DIR}/cmake/korvat-config.cmake.in ${PROJECT_BINARY_DIR}/korvat-config.cmake
+  INSTALL_DESTINATION ${library_package}
+  NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/korvat-config-version.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(
+  FILES ${PROJECT_BINARY_DIR}/korvat-config.cmake ${PROJECT_BINARY_DIR}/korvat-config-version.cmake
+  DESTINATION ${library_package}
+  COMPONENT library)
 
 # Debian wants both compressed, and the same bytes from every build.
 find_program(GZIP gzip REQUIRED)

@@ -21,6 +21,9 @@ SCRATCH = BUILD / "package-test"
 PROGRAM = "usr/bin/korvat"
 MANUAL = "usr/share/man/man1/korvat.1.gz"
 DOCUMENTS = "usr/share/doc/korvat"
+LIBRARY = "usr/lib/libkorvat_group.a"
+CMAKE_PACKAGE = "usr/lib/cmake/korvat"
+HEADERS = "usr/include/korvat/group"
 
 
 def output_of(*command):
@@ -49,9 +52,12 @@ def fresh_run_directory(name, deck):
 
 
 class Package(unittest.TestCase):
-    def test_holds_program_manual_documents_and_examples_and_nothing_else(self):
+    def test_holds_program_library_manual_documents_and_examples_and_nothing_else(self):
         expected = {PROGRAM, MANUAL, f"{DOCUMENTS}/copyright", f"{DOCUMENTS}/changelog.gz"}
         expected |= {f"{DOCUMENTS}/{name}" for name in shared_documents()}
+        expected |= {LIBRARY} | {f"{HEADERS}/{path.name}" for path in (SOURCE / "tools/group").glob("*.hpp")}
+        expected |= {f"{CMAKE_PACKAGE}/korvat-{name}.cmake"
+                     for name in ("config", "config-version", "targets", "targets-release")}
         entries = [line.split(maxsplit=5) for line in
                    output_of("dpkg-deb", "--contents", package_file()).splitlines()]
         files = {entry[5].removeprefix("./"): entry[0] for entry in entries if entry[0][0] != "d"}
@@ -96,7 +102,8 @@ class Unpacked(unittest.TestCase):
         program = self.root / PROGRAM
         names = subprocess.run(["nm", program], capture_output=True, text=True)
         self.assertIn("no symbols", names.stderr)
-        self.assertFalse(f"{SOURCE}/".encode() in program.read_bytes())
+        for file in (program, self.root / LIBRARY):
+            self.assertFalse(f"{SOURCE}/".encode() in file.read_bytes(), file)
 
     def test_copyright_holds_the_licences_of_what_is_compiled_in(self):
         text = (self.root / DOCUMENTS / "copyright").read_text()

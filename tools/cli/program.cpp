@@ -15,6 +15,8 @@ std::unique_ptr<CLI::App> make_program(int& code) {
     program->set_help_flag("-h,--help", "show this help and exit");
     program->require_subcommand(1);
     add_completion(*program, code);
+    add_diff(*program, code);
+    add_dump(*program, code);
     add_export(*program, code);
     add_help(*program, code);
     return program;

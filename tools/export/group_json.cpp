@@ -116,4 +116,11 @@ std::string group_json(const group::Group& group) {
     return document.dump() + '\n';
 }
 
+std::string load_vectors_json(const std::vector<group::LoadVector>& vectors) {
+    const Json document = {{"format", "korvat loads"},
+                           {"version", form_version},
+                           {"load_vectors", list(vectors, load_vector)}};
+    return document.dump() + '\n';
+}
+
 } // namespace korvat::exporting

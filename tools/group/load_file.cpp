@@ -35,9 +35,8 @@ private:
     // The next record, when there is one of that size; otherwise that is the damage.
     const Record* record(std::size_t size, const std::string& name) {
         if (next_ == records_.records.size()) {
-            const Record& last = records_.records.back();
             result_.damage =
-                records_.damage ? records_.damage : Damage{last.offset, name + " does not follow"};
+                records_.damage ? records_.damage : Damage{records_.end, name + " is missing"};
             return nullptr;
         }
         const Record& found = records_.records[next_];

@@ -9,11 +9,11 @@ namespace {
 constexpr std::size_t integer_size = 4;
 constexpr std::size_t real_size = 8;
 constexpr std::size_t label_length = 80;
-constexpr int section_places =
-    200; // of the integers and curves, whatever the number of sections is
+// Of the integers and curves, whatever the number of sections is.
+constexpr int section_places = 200;
 constexpr int tube_places = 12;
 constexpr int curve_points = 10;
-constexpr int node_components = 6;
+constexpr std::size_t node_components = 6;
 
 class PileReader {
 public:
@@ -26,6 +26,10 @@ public:
 
 private:
     void read_all() {
+        if (records_.records.empty() && !records_.damage) {
+            damage_ = Damage{records_.end, "the file has no records"};
+            return;
+        }
         if (!read_heading() || !read_sections()) return;
         if (group_.revision == 5 && (!read_section_integers() || !read_curves())) return;
         for (int i = 0; i < pile_count_; ++i) {
@@ -42,7 +46,7 @@ private:
     const Record* record(std::size_t size, const std::string& name) {
         if (next_ == records_.records.size()) {
             damage_ =
-                records_.damage ? records_.damage : Damage{end_of_records(), name + " is missing"};
+                records_.damage ? records_.damage : Damage{records_.end, name + " is missing"};
             return nullptr;
         }
         const Record& found = records_.records[next_];
@@ -53,12 +57,6 @@ private:
         }
         ++next_;
         return &found;
-    }
-
-    [[nodiscard]] std::size_t end_of_records() const {
-        if (records_.records.empty()) return 1;
-        const Record& last = records_.records.back();
-        return last.offset + last.bytes.size() + 2 * (last.bytes.size() / 128) + 2;
     }
 
     bool damage_at(const Record& at, std::string reason) {
@@ -85,7 +83,9 @@ private:
         pile_count_ = items.integer();
         section_count_ = items.integer();
         if (pile_count_ < 0 || section_count_ < 0 || section_count_ > section_places) {
-            return damage_at(*counts, "a count that is none");
+            return damage_at(*counts, "there cannot be " + std::to_string(pile_count_) +
+                                          " piles and " + std::to_string(section_count_) +
+                                          " sections");
         }
         return true;
     }
@@ -128,8 +128,9 @@ private:
     }
 
     bool read_section_integers() {
-        const Record* const integers = record(section_places * (2 + tube_places) * integer_size,
-                                              "the record of section integers");
+        const Record* const integers =
+            record(std::size_t{section_places} * (2 + tube_places) * integer_size,
+                   "the record of section integers");
         if (integers == nullptr) return false;
         Items items(*integers);
         std::vector<Section> sections = group_.sections;
@@ -146,8 +147,8 @@ private:
                 section.tubes.push_back(tube);
                 is_sound = is_sound && is_section(tube);
             }
-            is_sound = is_sound && section.type <= tube_places && section.non_linear_code >= 0 &&
-                       section.non_linear_code <= curve_points;
+            is_sound = is_sound && section.type >= 0 && section.type <= tube_places &&
+                       section.non_linear_code >= 0 && section.non_linear_code <= curve_points;
         }
         if (!is_sound) return damage_at(*integers, "a type, code or tube that no section has");
         sections.resize(group_.sections.size());
@@ -157,7 +158,8 @@ private:
 
     bool read_curves() {
         const Record* const curves =
-            record(4 * section_places * curve_points * real_size, "the record of yield curves");
+            record(std::size_t{4} * section_places * curve_points * real_size,
+                   "the record of yield curves");
         if (curves == nullptr) return false;
         Items items(*curves);
         for (const auto& [curve, value] :
@@ -190,14 +192,21 @@ private:
         pile.fixed_to = items.integer();
         const int elements = items.integer();
         pile.tip_code = items.integer();
-        // A record for the nodes follows: no more of them than it has room for are believed.
-        const bool has_nodes =
-            next_ < records_.records.size() && elements >= 0 &&
-            records_.records[next_].bytes.size() / real_size >= static_cast<std::size_t>(elements);
-        if (elements < 0 || (!has_nodes && next_ < records_.records.size())) {
+        if (pile.number != static_cast<int>(group_.piles.size()) + 1) {
+            return damage_at(*head, name + " has the number " + std::to_string(pile.number));
+        }
+        if (elements < 0) {
             return damage_at(*head, name + " has " + std::to_string(elements) + " elements");
         }
-        pile.nodes.resize(has_nodes ? static_cast<std::size_t>(elements) + 1 : 1);
+        if (next_ == records_.records.size()) return record(0, name + ": X") != nullptr;
+        // The count is not believed before the next record turns out to have that many nodes.
+        const std::size_t nodes = static_cast<std::size_t>(elements) + 1;
+        const Record& next = records_.records[next_];
+        if (next.bytes.size() != nodes * real_size) {
+            return damage_at(next, name + ": X has " + std::to_string(next.bytes.size()) +
+                                       " bytes, not " + std::to_string(nodes * real_size));
+        }
+        pile.nodes.resize(nodes);
         if (!read_nodes(pile, name)) return false;
         pile.elements.resize(static_cast<std::size_t>(elements));
         if (elements > 0 && !read_elements(pile, name)) return false;
@@ -216,15 +225,25 @@ private:
     }
 
     bool read_nodes(Pile& pile, const std::string& name) {
-        for (double Node::*const coordinate : {&Node::x, &Node::y, &Node::z}) {
-            const auto store = [&](Node& node, double value) { node.*coordinate = value; };
-            if (!read_row(pile.nodes, name + ": a record of coordinates", store)) return false;
+        using Coordinate = std::pair<double Node::*, const char*>;
+        for (const auto& [coordinate, axis] :
+             {Coordinate(&Node::x, "X"), Coordinate(&Node::y, "Y"), Coordinate(&Node::z, "Z")}) {
+            const auto store = [member = coordinate](Node& node, double value) {
+                node.*member = value;
+            };
+            if (!read_row(pile.nodes, name + ": " + axis, store)) return false;
         }
+        using Values = std::pair<Components Node::*, const char*>;
         for (std::size_t k = 0; k < node_components; ++k) {
-            for (Components Node::*const values :
-                 {&Node::springs, &Node::forces, &Node::displacements}) {
-                const auto store = [&](Node& node, double value) { (node.*values)[k] = value; };
-                if (!read_row(pile.nodes, name + ": a record of node values", store)) return false;
+            for (const auto& [values, kind] :
+                 {Values(&Node::springs, "springs"), Values(&Node::forces, "forces"),
+                  Values(&Node::displacements, "displacements")}) {
+                const auto store = [member = values, k](Node& node, double value) {
+                    (node.*member)[k] = value;
+                };
+                const std::string row =
+                    name + ": component " + std::to_string(k + 1) + " of the " + kind;
+                if (!read_row(pile.nodes, row, store)) return false;
             }
         }
         return true;

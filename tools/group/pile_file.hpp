@@ -10,7 +10,8 @@
 namespace korvat::group {
 
 // A group and, where its file is damaged, where and why: the group then has what stands before that, each
-// pile and section whole.
+// pile whole; its sections have no types and tubes where the damage is before these, no curves where it is
+// before the curves.
 struct GroupReading {
     Group group;
     std::optional<Damage> damage;

@@ -21,7 +21,7 @@ public:
     Records read() {
         if (file_.empty()) return stop("the file is empty");
         if (byte(0) != header_byte) return stop("the file does not begin with the letter K");
-        position_ = 1;
+        result_.end = position_ = 1;
         while (!result_.damage && !ends()) {
             read_record();
         }
@@ -82,6 +82,7 @@ private:
             return damage("the first length does not agree with the record's");
         }
         result_.records.push_back(std::move(record));
+        result_.end = position_;
     }
 
     std::span<const char> file_;

@@ -27,9 +27,11 @@ struct Record {
 // The records up to the end byte, or up to the first damage. What follows the end byte is damage too.
 struct Records {
     std::vector<Record> records;
+    std::size_t end = 0; // of the last whole record: the offset of the byte behind it
     std::optional<Damage> damage;
 };
 
+// The bytes of a file. Raises nothing.
 [[nodiscard]] Records read_records(std::span<const char> file);
 
 // Takes the items of a record one after the other. The caller has compared the record's size with what

@@ -1,0 +1,94 @@
+#include "group/read_files.hpp"
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+namespace korvat::group {
+namespace {
+
+constexpr unsigned header_byte = 0x4B;
+constexpr unsigned date_length = 12;
+constexpr unsigned label_length = 80;
+constexpr std::size_t behind_label = 1 + 1 + label_length + 1;
+constexpr unsigned counts_length = 8;
+constexpr unsigned load_count_length = 4;
+
+unsigned byte_at(std::span<const char> file, std::size_t i) {
+    return static_cast<unsigned char>(file[i]);
+}
+
+std::system_error failure(std::error_code code, const std::filesystem::path& path) {
+    return {code, path.string()};
+}
+
+// What the system said last, or that reading failed when it said nothing.
+std::error_code last_error() {
+    return errno != 0 ? std::error_code(errno, std::generic_category())
+                      : std::make_error_code(std::errc::io_error);
+}
+
+} // namespace
+
+std::optional<FileKind> file_kind(std::span<const char> file) {
+    if (file.size() < 2 || byte_at(file, 0) != header_byte) return std::nullopt;
+    if (byte_at(file, 1) == date_length) return FileKind::pile_revision_5;
+    if (byte_at(file, 1) != label_length || file.size() <= behind_label) return std::nullopt;
+    if (byte_at(file, behind_label) == counts_length) return FileKind::pile_revision_4;
+    if (byte_at(file, behind_label) == load_count_length) return FileKind::load;
+    return std::nullopt;
+}
+
+std::vector<char> read_bytes(std::istream& in) {
+    std::vector<char> bytes;
+    std::array<char, 65536> block;
+    errno = 0;
+    while (in.read(block.data(), block.size()) || in.gcount() > 0) {
+        bytes.insert(bytes.end(), block.begin(), block.begin() + in.gcount());
+        if (bytes.size() > largest_file) {
+            throw std::system_error(std::make_error_code(std::errc::file_too_large));
+        }
+    }
+    if (in.bad()) throw std::system_error(last_error());
+    return bytes;
+}
+
+std::vector<char> read_bytes(const std::filesystem::path& path) {
+    std::error_code unknown; // what cannot be asked, opening shows
+    if (std::filesystem::is_directory(path, unknown)) {
+        throw failure(std::make_error_code(std::errc::is_a_directory), path);
+    }
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw failure(last_error(), path);
+    try {
+        return read_bytes(file);
+    } catch (const std::system_error& error) {
+        throw failure(error.code(), path);
+    }
+}
+
+GroupReading read_pile_file(const std::filesystem::path& path) {
+    return read_pile(read_bytes(path));
+}
+
+LoadReading read_load_file(const std::filesystem::path& path) {
+    return read_load(read_bytes(path));
+}
+
+ResultReading read_group(const std::filesystem::path& directory) {
+    GroupReading piles = read_pile_file(directory / "PILE.07");
+    ResultReading result{std::move(piles.group), false, std::move(piles.damage), std::nullopt};
+    const std::filesystem::path loads = directory / "LOAD.09";
+    std::error_code unknown;
+    result.has_load_file = std::filesystem::exists(loads, unknown) || unknown;
+    if (!result.has_load_file) return result;
+    LoadReading reading = read_load_file(loads);
+    result.group.load_vectors = std::move(reading.vectors);
+    result.load_damage = std::move(reading.damage);
+    return result;
+}
+
+} // namespace korvat::group
