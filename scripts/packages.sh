@@ -29,7 +29,7 @@ install_missing() {
 }
 
 build_packages=(g++ cmake ninja-build libcctbx-dev)
-tools_packages=(libcli11-dev nlohmann-json3-dev)
+tools_packages=(libcli11-dev nlohmann-json3-dev libtomlplusplus-dev python3)
 test_packages=("${build_packages[@]}" "${tools_packages[@]}" libgtest-dev clang-format clang-tidy python3 dpkg-dev groff-base)
 windows_packages=("${build_packages[@]}" python3 googletest
     g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)

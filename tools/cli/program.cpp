@@ -12,6 +12,7 @@ std::unique_ptr<CLI::App> make_program(int& code) {
         "Looks into decks of KORVAT before a run, and into its files after it.", "korvat-tools");
     program->set_version_flag("--version", "korvat-tools " + std::string(program_version()));
     program->require_subcommand(1);
+    add_check(*program, code);
     add_help(*program, code);
     return program;
 }
