@@ -13,7 +13,6 @@ namespace korvat::check {
 namespace {
 
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-constexpr std::string_view utf16_marks[] = {"\xFF\xFE", "\xFE\xFF"};
 constexpr std::string_view no_break_spaces[] = {"\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x87", "\xA0"};
 
 bool is_ascii(char c) {
@@ -37,8 +36,9 @@ int first_doubtful_line(const Subject& subject) {
 
 bool is_in_list_section(const Layout& layout, int line) {
     const Section* const section = layout.section(SectionId::cross_sections);
-    return layout.revision() == 5 && section != nullptr && line >= section->lines.front().number &&
-           line <= section->lines.back().number;
+    if (layout.revision() != 5) return false;
+    if (section == nullptr) return true; // it may be anywhere
+    return line >= section->lines.front().number && line <= section->lines.back().number;
 }
 
 // The tokens of a record, up to the first that is a remark: they were meant as numbers.
@@ -64,7 +64,7 @@ struct Found {
 Found look_at_records(const Subject& subject, bool is_list_free,
                       const std::function<std::optional<Token>(std::string_view)>& find) {
     Found found;
-    if (subject.exit_code == 0) return found;
+    if (subject.exit_code == 0 || !is_text(subject.lines)) return found;
     const Layout layout(subject.lines);
     const int first = first_doubtful_line(subject);
     for (const DeckLine& line : layout.lines()) {
@@ -188,27 +188,6 @@ void look_for_semicolons(const Subject& subject, const Rule& rule, Findings& fin
          "through an editor.");
 }
 
-bool is_utf16(const std::vector<std::string>& lines) {
-    if (lines.empty()) return false;
-    const std::string_view first = lines.front();
-    if (std::ranges::any_of(utf16_marks, [&](auto mark) { return first.starts_with(mark); })) {
-        return true;
-    }
-    // Without a mark: every other byte of plain text is 0.
-    constexpr std::size_t looked_at = 16;
-    if (first.size() < looked_at) return false;
-    const std::string_view sample = first.substr(0, looked_at);
-    const auto zeros = [&](std::size_t start) {
-        std::size_t count = 0;
-        for (std::size_t i = start; i < sample.size(); i += 2) {
-            count += sample[i] == '\0' ? 1U : 0U;
-        }
-        return count;
-    };
-    const std::size_t all = looked_at / 2;
-    return (zeros(0) == all && zeros(1) == 0) || (zeros(1) == all && zeros(0) == 0);
-}
-
 void look_for_utf16(const Subject& subject, const Rule& rule, Findings& findings) {
     if (!is_utf16(subject.lines)) return;
     tell(findings, rule, {.line = 1}, "the file is written in UTF-16, of which no line can be read",
@@ -220,13 +199,6 @@ void look_for_mark(const Subject& subject, const Rule& rule, Findings& findings)
     tell(findings, rule, {.line = 1, .column = 1, .length = 1},
          "the file begins with a byte order mark, which becomes the beginning of its label",
          "Save it as UTF-8 without a byte order mark, or as ASCII.");
-}
-
-// What no text has; tabs, line ends and the page feed of old editors are none.
-bool is_control(char c) {
-    constexpr std::string_view of_texts = "\t\r\f\x1A";
-    const bool is_low = static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-    return is_low && of_texts.find(c) == std::string_view::npos;
 }
 
 void look_for_bytes(const Subject& subject, const Rule& rule, Findings& findings) {

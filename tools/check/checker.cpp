@@ -12,6 +12,7 @@ namespace korvat::check {
 namespace {
 
 constexpr std::size_t groups_about_the_run = 3; // the first ones
+constexpr std::size_t group_of_characters = 1;
 
 bool has(const std::vector<std::string>& names, std::string_view name) {
     return std::ranges::find(names, name) != names.end();
@@ -43,6 +44,7 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
     const auto groups = rule_groups();
     for (std::size_t i = 0; i < groups.size(); ++i) {
         if (i == groups_about_the_run) about_the_run = deck.findings.size();
+        if (i > group_of_characters && !is_text(subject.lines)) continue; // no lines to look at
         for (const Rule& rule : groups[i]) {
             if (is_asked_for(rule, selection, deck)) rule.look(subject, rule, deck.findings);
         }

@@ -187,9 +187,11 @@ void look_at_tip_table(const Subject& subject, const Rule& rule, Findings& findi
     for (const Row* const row : subject.outline.rows(RecordId::tip_and_fix)) {
         const int last = previous == nullptr ? 0 : nearest_integer(previous->numbers[1].value);
         const int first = nearest_integer(row->numbers[0].value);
+        if (nearest_integer(row->numbers[1].value) < first) return; // an error of the run
         previous = row;
-        if (last < 0 || first <= saturated_sum(last, 1)) continue;
-        const bool is_one = first == saturated_sum(last, 2);
+        const bool is_first = last == 0; // which must be of pile 1
+        if (is_first || last < 0 || first > subject.cmn.NUMPIL || first <= last + 1) continue;
+        const bool is_one = first == last + 2;
         tell(findings, rule, place_of(row, 1),
              (is_one ? "pile " + std::to_string(last + 1) + " is"
                      : "piles " + std::to_string(last + 1) + " to " + std::to_string(first - 1) +
@@ -208,14 +210,16 @@ struct Gap {
     int last;
 };
 
-std::vector<Gap> gaps(const Subject& subject, RecordId id) {
+// Up to the highest number of the table: beyond it the run ends with an error.
+std::vector<Gap> gaps(const Subject& subject, RecordId id, int highest) {
     std::vector<Gap> found;
     const Row* before = nullptr;
     for (const Row* const row : subject.outline.rows(id)) {
+        const int behind = nearest_integer(row->numbers[0].value);
+        if (behind < 1 || behind > highest) break;
         if (before != nullptr) {
-            const int first = saturated_sum(nearest_integer(before->numbers[0].value), 1);
-            const int behind = nearest_integer(row->numbers[0].value);
-            if (first >= 1 && behind > first) found.push_back({before, row, first, behind - 1});
+            const int first = nearest_integer(before->numbers[0].value) + 1;
+            if (behind > first) found.push_back({before, row, first, behind - 1});
         }
         before = row;
     }
@@ -252,7 +256,7 @@ std::string range_of(const Gap& gap, std::size_t item) {
 void look_for_made_sections(const Subject& subject, const Rule& rule, Findings& findings) {
     constexpr std::size_t diameter = 2;
     constexpr std::size_t wall = 3;
-    const std::vector<Gap> all = gaps(subject, RecordId::cross_section);
+    const std::vector<Gap> all = gaps(subject, RecordId::cross_section, subject.cmn.NUMCRS);
     if (all.empty()) return;
     const auto detail = [](const Gap& gap) {
         return " (diameter " + range_of(gap, diameter) + ", wall " + range_of(gap, wall) + ")";
@@ -263,8 +267,16 @@ void look_for_made_sections(const Subject& subject, const Rule& rule, Findings& 
          "between the two.");
 }
 
+// No pile is made beside a generated one: the run ends with an error.
+bool is_generated(const Row* pile) {
+    return nearest_integer(pile->numbers[1].value) != 0 ||
+           nearest_integer(pile->numbers[2].value) != 0;
+}
+
 void look_for_made_piles(const Subject& subject, const Rule& rule, Findings& findings) {
-    const std::vector<Gap> all = gaps(subject, RecordId::pile_geometry);
+    std::vector<Gap> all = gaps(subject, RecordId::pile_geometry, subject.cmn.NUMPIL);
+    std::erase_if(
+        all, [](const Gap& gap) { return is_generated(gap.before) || is_generated(gap.behind); });
     if (all.empty()) return;
     const auto detail = [](const Gap& gap) {
         return " (between " + std::to_string(gap.first - 1) + " and " +

@@ -87,6 +87,24 @@ void Layout::find_version() {
     }
 }
 
+// The end of the block of lines that begins at `begin`: the next blank line, or the headings of a section
+// whose blank line is missing: two lines that are no records, between records.
+std::size_t Layout::block_end(std::size_t begin) const {
+    bool has_records = false;
+    std::size_t others = 0; // lines in a row that are no records
+    for (std::size_t i = begin; i < lines_.size(); ++i) {
+        if (is_blank(lines_[i].text)) return i;
+        if (!looks_like_record(lines_[i].text)) {
+            ++others;
+            continue;
+        }
+        if (has_records && others >= 2) return i - others;
+        has_records = true;
+        others = 0;
+    }
+    return lines_.size();
+}
+
 void Layout::find_sections() {
     std::size_t next = 0; // section
     std::size_t begin = top_;
@@ -95,17 +113,16 @@ void Layout::find_sections() {
             ++begin;
             continue;
         }
-        std::size_t end = begin;
-        while (end < lines_.size() && !is_blank(lines_[end].text))
-            ++end;
         const SectionShape& shape = shapes[next];
-        if (shape.id == SectionId::loads) end = lines_.size(); // a label may be blank
+        const bool is_last = shape.id == SectionId::loads; // a label may be blank
+        const std::size_t end = is_last ? lines_.size() : block_end(begin);
         const auto lines = std::span(lines_).subspan(begin, end - begin);
         const int blank = lines_[begin - 1].number;
         begin = end;
         const std::size_t width = widest(lines);
         if (width == 0) continue; // no records: not a section of its own
-        if (width < shape.numbers) return;
+        const bool is_headed = !looks_like_record(lines.front().text);
+        if (width < shape.numbers || (!is_headed && shape.id != SectionId::control)) return;
         sections_.push_back({shape.id, lines, blank});
         ++next;
     }

@@ -35,7 +35,7 @@ enum class SectionId {
 struct Section {
     SectionId id = SectionId::control;
     std::span<const DeckLine> lines;
-    int blank_line = 0; // number of the blank line in front
+    int line_before = 0; // number of the line in front, its blank line
 };
 
 class Layout {
@@ -55,6 +55,7 @@ public:
 
 private:
     void find_version();
+    [[nodiscard]] std::size_t block_end(std::size_t begin) const;
     void find_sections();
 
     std::vector<DeckLine> lines_;

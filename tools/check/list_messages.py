@@ -4,6 +4,7 @@
 tools/check/list_messages.py OUTPUT. Fails where an error or a warning of src has no entry.
 """
 import pathlib
+import re
 import sys
 
 sys.dont_write_bytecode = True
@@ -32,6 +33,11 @@ def pieces(message):
     return texts
 
 
+def pieces_of_text(lines):
+    """The same of a text of the document that the program composes: NNN and (text) stand for what varies."""
+    return ["".join(piece.split()) for piece in re.split(r"\(text\)|\bNNN\b", " ".join(lines))]
+
+
 def array(kind, name, values):
     if not values:
         return ""
@@ -44,15 +50,17 @@ def source(document):
     for number, (heading, body) in enumerate(message_entries.entries(document)):
         blocks = message_entries.blocks(body)
         shown = [message for message in messages if any(message_entries.is_shown_by(message, block) for block in blocks)]
-        if not shown:
+        forms = [pieces(message) for message in shown]
+        forms = forms or [pieces_of_text(block) for block in blocks if block[0].startswith(MARKS)]
+        if not forms:
             continue
         explained |= {message.text for message in shown}
         ierr = message_entries.numbers(body)
         arrays.append(array("Number", f"numbers_{number}", [f"{{{n}, {literal(text)}}}" for n, text in ierr]))
         texts = [literal(message_entries.field(body, name)) for name in ("Meaning", "Usual cause", "What to do")]
-        for form, message in enumerate(shown):
+        for form, form_pieces in enumerate(forms):
             name = f"pieces_{number}_{form}"
-            arrays.append(array("std::string_view", name, [literal(piece) for piece in pieces(message)]))
+            arrays.append(array("std::string_view", name, [literal(piece) for piece in form_pieces]))
             table = f"numbers_{number}" if ierr else "{}"
             rows.append("    {" + ", ".join([name, literal(heading), *texts, table]) + "},\n")
     missing = [

@@ -13,10 +13,11 @@ namespace {
 constexpr std::string_view other_machine = "Run it where there is room for its files, and look at "
                                            "KORVAT.MLG.";
 
-std::string first_sentence(std::string_view text) {
-    std::string_view sentence = text.substr(0, text.find(". "));
-    if (sentence.ends_with('.')) sentence.remove_suffix(1);
-    return std::string(sentence);
+// What a message means, without the list of the values that it shows.
+std::string meaning_of(const MessageEntry& entry) {
+    std::string_view text = entry.meaning.substr(0, entry.meaning.find(" Shown:"));
+    if (text.ends_with('.') && !text.ends_with("..")) text.remove_suffix(1);
+    return std::string(text);
 }
 
 // The message as it is specified, and behind it what it means.
@@ -24,7 +25,7 @@ std::string explained(std::string_view message, const MessageEntry* entry) {
     std::string text = one_line(message);
     if (entry == nullptr) return text;
     const std::string_view number = meaning_of_number(*entry, message);
-    return text + " - " + (number.empty() ? first_sentence(entry->meaning) : std::string(number));
+    return text + " - " + (number.empty() ? meaning_of(*entry) : std::string(number));
 }
 
 std::string remedy_of(const MessageEntry* entry) {
@@ -83,7 +84,7 @@ std::string missing_part(const Subject& subject, SectionId id, const Layout& lay
 }
 
 void look_at_rest(const Subject& subject, const Rule& rule, Findings& findings) {
-    if (subject.exit_code == 0) return;
+    if (subject.exit_code == 0 || !is_text(subject.lines)) return;
     std::string parts;
     const Layout layout(subject.lines);
     const std::vector<SectionRows> scanned = scan_rows(layout);
@@ -98,8 +99,8 @@ void look_at_rest(const Subject& subject, const Rule& rule, Findings& findings) 
         if (!part.empty()) parts += part + ", ";
     }
     tell(findings, rule, {},
-         "not looked at, as the run ends with an error: " + parts +
-             "and what follows from the whole model",
+         "not looked at, as the run ends with an error: " + parts + (parts.empty() ? "" : "and ") +
+             "what follows from the whole model",
          "Correct the errors and check again.");
 }
 

@@ -39,28 +39,32 @@ std::size_t width_of(std::string_view line) {
     return static_cast<std::size_t>(std::ranges::find_if(all, is_none) - all.begin());
 }
 
-// The records of `wanted` numbers from the first line on, up to a line that does not look like one;
-// `lines` keeps what is behind them.
+// The record of `wanted` numbers that begins with the first line; `lines` keeps what is behind it.
+LineRecord take_record(Lines& lines, std::size_t wanted) {
+    const DeckLine& line = lines.front();
+    LineRecord record{.line = line.number,
+                      .text = line.text,
+                      .numbers = values_of(line.text),
+                      .found = width_of(line.text)};
+    std::size_t used = 1;
+    std::size_t sum = record.found;
+    while (sum < wanted && used < lines.size()) {
+        const std::size_t more = width_of(lines[used].text);
+        if (more == 0 || sum + more > wanted) break;
+        sum += more;
+        ++used;
+    }
+    record.is_short = sum < wanted;
+    if (!record.is_short) record.found = sum;
+    lines = lines.subspan(record.is_short ? 1 : used);
+    return record;
+}
+
+// The records up to a line that does not look like one.
 std::vector<LineRecord> take_records(Lines& lines, std::size_t wanted) {
     std::vector<LineRecord> records;
     while (!lines.empty() && looks_like_record(lines.front().text)) {
-        const DeckLine& line = lines.front();
-        LineRecord record{.line = line.number,
-                          .text = line.text,
-                          .numbers = values_of(line.text),
-                          .found = width_of(line.text)};
-        std::size_t used = 1;
-        std::size_t sum = record.found;
-        while (sum < wanted && used < lines.size()) {
-            const std::size_t more = width_of(lines[used].text);
-            if (more == 0 || sum + more > wanted) break;
-            sum += more;
-            ++used;
-        }
-        record.is_short = sum < wanted;
-        if (!record.is_short) record.found = sum;
-        records.push_back(std::move(record));
-        lines = lines.subspan(records.back().is_short ? 1 : used);
+        records.push_back(take_record(lines, wanted));
     }
     return records;
 }
@@ -178,6 +182,18 @@ int ending_number(const LineRecord& record, const EndingTable& table) {
     return table.last < record.numbers.size() ? nearest_integer(record.numbers[table.last]) : 0;
 }
 
+// Whether the numbers of a table begin with 1 and increase; else it has an error of its own.
+bool is_in_order(const std::vector<LineRecord>& records, const EndingTable& table) {
+    int previous = 0;
+    for (const LineRecord& record : records) {
+        const int number = number_in(record);
+        if (number <= previous || ending_number(record, table) < number) return false;
+        if (previous == 0 && number != 1) return false;
+        previous = ending_number(record, table);
+    }
+    return true;
+}
+
 void count_ending_table(const Subject& subject, const Rule& rule, const EndingTable& table,
                         const std::vector<LineRecord>& records, Findings& findings) {
     const Row* const count = control(subject, table.count);
@@ -186,24 +202,25 @@ void count_ending_table(const Subject& subject, const Rule& rule, const EndingTa
     const std::string is_wanted = std::string(deck::record(table.count).items.front().name) +
                                   in_line(count) + " is " + std::to_string(wanted);
     const auto reaches = [&](const LineRecord& record) {
-        return ending_number(record, table) >= wanted;
+        return ending_number(record, table) == wanted;
     };
     const auto end = std::ranges::find_if(records, reaches);
     if (end == records.end()) {
         const int last = ending_number(records.back(), table);
+        if (last > wanted || !is_in_order(records, table)) return;
         tell(findings, rule, {.line = records.back().line + 1},
-             std::string(table.name) + ": the " +
-                 counted(static_cast<long>(records.size()), "record") + " end with number " +
-                 std::to_string(last) + ", but " + is_wanted,
+             std::string(table.name) + ": the table ends with number " + std::to_string(last) +
+                 ", but " + is_wanted,
              "Add the records up to number " + std::to_string(wanted) + ", or write " +
                  std::to_string(last) + in_line(count) + ".");
         return;
     }
     if (end + 1 == records.end()) return;
     const LineRecord& surplus = *(end + 1);
+    const auto number = static_cast<long>(records.end() - end) - 1;
     tell(findings, rule, place_of_line(surplus.line, surplus.text),
-         std::string(table.name) + ": " + counted(static_cast<long>(records.size()), "record") +
-             ", but the table ends with number " + std::to_string(wanted) + ", as " + is_wanted,
+         std::string(table.name) + ": " + counted(number, "record") + " behind number " +
+             std::to_string(wanted) + ", which ends the table, as " + is_wanted,
          "Remove what stands behind it, or correct the count" + in_line(count) + ".");
 }
 
@@ -212,84 +229,78 @@ void count_control(const Subject& subject, const Layout& layout, const Rule& rul
     constexpr std::size_t values = 9;
     const Section* const section = layout.section(SectionId::control);
     if (section == nullptr || !is_looked_at(subject, SectionId::control)) return;
-    Lines lines = behind_headings(section->lines);
-    const std::vector<LineRecord> records = take_records(lines, 1);
-    if (records.size() == values) return;
+    const Lines lines = behind_headings(section->lines);
+    if (lines.empty() || lines.size() == values) return;
     const std::string text =
-        "control section: " + counted(static_cast<long>(records.size()), "value") +
+        "control section: " + counted(static_cast<long>(lines.size()), "value") +
         ", but it has nine";
     constexpr std::string_view remedy =
         "Its nine values stand one to a line: force factor, length factor, piles, cross sections, "
         "material types, segment types, load vectors, print level, echo level.";
-    if (records.size() > values) {
-        const LineRecord& surplus = records[values];
-        tell(findings, rule, place_of_line(surplus.line, surplus.text), text, std::string(remedy));
-        return;
-    }
-    tell(findings, rule, {.line = records.back().line + 1}, text, std::string(remedy));
+    const Place place = lines.size() > values
+                            ? place_of_line(lines[values].number, lines[values].text)
+                            : Place{.line = lines.back().number + 1};
+    tell(findings, rule, place, text, std::string(remedy));
 }
 
 // The piles of a geometry table that need a record in the segment table: those that are given, and
-// those that are left out between two of them.
-std::vector<int> given_piles(const std::vector<LineRecord>& records) {
+// those that are left out between two of them. None where the table has an error of its own.
+std::vector<int> given_piles(const std::vector<LineRecord>& records, int NUMPIL) {
     std::vector<int> piles;
     int previous = 0;
+    bool was_plain = false;
     for (const LineRecord& record : records) {
         const int NP = number_in(record);
-        if (NP <= previous || NP > limits::piles) return {};
-        const bool is_given = record.numbers.size() > 1 && nearest_integer(record.numbers[1]) == 0;
+        const bool is_given = record.numbers.size() > 2 && nearest_integer(record.numbers[1]) == 0;
+        const bool is_plain = is_given && nearest_integer(record.numbers[2]) == 0;
+        const bool is_gap = NP != previous + 1;
+        if (NP <= previous || NP > NUMPIL || (is_gap && !(was_plain && is_plain))) return {};
         for (int skipped = previous + 1; skipped < NP; ++skipped) {
             piles.push_back(skipped);
         }
         if (is_given) piles.push_back(NP);
         previous = NP;
+        was_plain = is_plain;
     }
-    return piles;
+    return previous == NUMPIL ? piles : std::vector<int>();
 }
 
-// The records of a segment table, each with its pile; a record may go on over lines.
+// The records of a segment table; a record may go on over lines. None where one of them does not have
+// as many numbers as it says.
 std::vector<LineRecord> take_segment_records(Lines& lines) {
     std::vector<LineRecord> records;
+    bool all_whole = true;
     while (!lines.empty() && looks_like_record(lines.front().text)) {
         const std::vector<double> numbers = values_of(lines.front().text);
-        Lines one = lines;
         const int listed = numbers.size() > 1 ? nearest_integer(numbers[1]) : 0;
         const auto wanted =
             static_cast<std::size_t>(std::clamp(listed, 0, limits::pile_segments)) + 2;
-        std::vector<LineRecord> taken = take_records(one, wanted);
-        const std::size_t behind =
-            taken.size() > 1
-                ? static_cast<std::size_t>(
-                      std::ranges::find(lines, taken[1].line, &DeckLine::number) - lines.begin())
-                : lines.size() - one.size();
-        records.push_back(std::move(taken.front()));
-        lines = lines.subspan(behind);
+        LineRecord record = take_record(lines, wanted);
+        all_whole = all_whole && record.found == wanted && listed <= limits::pile_segments;
+        records.push_back(std::move(record));
     }
-    return records;
+    return all_whole ? records : std::vector<LineRecord>();
 }
 
 void count_segment_table(const Rule& rule, const std::vector<int>& piles,
                          const std::vector<LineRecord>& records, Findings& findings) {
-    if (piles.empty() || records.empty()) return;
+    if (piles.empty() || records.empty() || piles.size() == records.size()) return;
     const std::string text =
         "pile segment table: " + counted(static_cast<long>(records.size()), "record") +
         ", but the geometry has " + counted(static_cast<long>(piles.size()), "pile") +
         " with NGEN 0";
     constexpr std::string_view remedy = "Give one record for each pile that is not generated from "
                                         "another, those left out included.";
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        if (i < piles.size() && number_in(records[i]) == piles[i]) continue;
-        const std::string expected =
-            i < piles.size() ? "; pile " + std::to_string(piles[i]) + " is expected here"
-                             : "; this one is too many";
-        tell(findings, rule, place_of_line(records[i].line, records[i].text), text + expected,
-             std::string(remedy));
-        return;
-    }
-    if (records.size() == piles.size()) return;
-    tell(findings, rule, {.line = records.back().line + 1},
-         text + "; pile " + std::to_string(piles[records.size()]) + " is expected here",
-         std::string(remedy));
+    const std::size_t both = std::min(piles.size(), records.size());
+    std::size_t at = 0;
+    while (at < both && number_in(records[at]) == piles[at])
+        ++at;
+    const std::string expected = at < piles.size()
+                                     ? "; pile " + std::to_string(piles[at]) + " is expected here"
+                                     : "; this one is too many";
+    const Place place = at < records.size() ? place_of_line(records[at].line, records[at].text)
+                                            : Place{.line = records.back().line + 1};
+    tell(findings, rule, place, text + expected, std::string(remedy));
 }
 
 void count_geometry(const Subject& subject, const Layout& layout, const Rule& rule,
@@ -306,7 +317,8 @@ void count_geometry(const Subject& subject, const Layout& layout, const Rule& ru
     lines = behind_headings(lines);
     const std::vector<LineRecord> fixes = take_records(lines, 4);
     if (fixes.empty()) return; // a heading is missing: where the tables end is not known
-    count_segment_table(rule, given_piles(piles), segments, findings);
+    const int NUMPIL = control_value(subject, RecordId::piles);
+    count_segment_table(rule, given_piles(piles, NUMPIL), segments, findings);
     count_ending_table(subject, rule, tips, fixes, findings);
 }
 
@@ -343,26 +355,32 @@ void count_list_section(const Subject& subject, const Section& section, const Ru
             return;
         }
         if (numbers.size() == point_width) {
+            if (points_left == 0) return; // a section, perhaps, with something that is no number
             --points_left;
             continue;
         }
         ++sections;
         const double type = std::clamp(numbers[1], 0.0, 1000.0);
-        const double code = std::clamp(numbers[2], 0.0, 1000.0);
+        const double code = std::max(numbers[2], 0.0);
+        if (code > limits::curve_points) return; // an error of its own
         tubes_left = type >= 2.0 ? static_cast<long>(type) : 0;
         points_left += static_cast<long>(code);
     }
     if (lines.empty()) return;
-    if (sections != wanted) {
+    if (tubes_left > 0) {
+        tell(findings, rule, {.line = lines.back().number + 1},
+             "cross section " + std::to_string(sections) + " has " + counted(tubes_left, "tube") +
+                 " fewer than its type says; one is expected here",
+             "Correct the type, item 2 of its first line, or add the tube.");
+    } else if (sections != wanted) {
         tell(findings, rule, {.line = lines.back().number},
              records_against(subject, SectionId::cross_sections, static_cast<std::size_t>(sections),
                              RecordId::cross_sections),
              "Compare the sections with the count; tubes of composites are not counted.");
-    } else if (points_left != 0) {
-        const std::string difference = counted(std::abs(points_left), "point");
-        tell(findings, rule, {.line = lines.back().number},
-             "the yield curves have " + difference + (points_left > 0 ? " fewer" : " more") +
-                 " than the non-linear codes of the sections say",
+    } else if (points_left > 0) {
+        tell(findings, rule, {.line = lines.back().number + 1},
+             "the yield curves have " + counted(points_left, "point") +
+                 " fewer than the non-linear codes of the sections say",
              "Give as many points for each section as its code, item 3, says.");
     }
 }
@@ -402,8 +420,9 @@ void count_loads(const Subject& subject, const Layout& layout, const Rule& rule,
     for (int v = 1; v <= wanted; ++v) {
         if (lines.size() < 4) {
             tell(findings, rule, {.line = section->lines.back().number},
-                 records_against(subject, SectionId::loads, static_cast<std::size_t>(v - 1),
-                                 RecordId::load_vectors),
+                 "load vectors: " + counted(v - 1, "whole vector") + ", but NUMLOD" +
+                     in_line(control(subject, RecordId::load_vectors)) + " is " +
+                     std::to_string(wanted),
                  "Compare the load vectors with the count.");
             return;
         }
@@ -518,38 +537,50 @@ bool has_inner_headings(Lines lines) {
     return !lines.empty();
 }
 
+// The line of a heading of a section, or of a label among its loads, that is taken for a comment.
+std::optional<int> swallowed(const Subject& subject, const Layout& layout, const Section& section) {
+    const int last = section.lines.back().number;
+    const Lines records = behind_headings(section.lines);
+    const int first_record = records.empty() ? last : records.front().number;
+    if (section.id == SectionId::loads) {
+        // A comment among loads that were not read may well be one.
+        if (section_reached(subject.cmn.report) != SectionId::loads) return std::nullopt;
+        return word_comment(subject, section.line_before, last);
+    }
+    if (headings_in(section.lines) < headings_of(section.id, layout.revision())) {
+        const auto heading = word_comment(subject, section.line_before, first_record);
+        return heading ? heading : star_comment(subject, section.line_before, first_record);
+    }
+    if (section.id != SectionId::geometry || has_inner_headings(section.lines)) return std::nullopt;
+    return word_comment(subject, first_record, last);
+}
+
+// The revision tells how many headings there are.
+bool has_known_headings(const Subject& subject) {
+    return subject.exit_code != 0 && subject.cmn.IREV != 0;
+}
+
 void look_for_swallowed_headings(const Subject& subject, const Rule& rule, Findings& findings) {
-    if (subject.exit_code == 0) return;
+    if (!has_known_headings(subject)) return;
     const Layout layout(subject.lines);
     for (const Section& section : layout.sections()) {
         if (!is_looked_at(subject, section.id)) continue;
-        const int last = section.lines.back().number;
-        const Lines records = behind_headings(section.lines);
-        const int first_record = records.empty() ? last : records.front().number;
-        if (section.id == SectionId::loads) {
-            // A comment among loads that were not read may well be one.
-            if (section_reached(subject.cmn.report) != SectionId::loads) continue;
-            const auto label = word_comment(subject, section.blank_line, last);
-            if (label) tell_swallowed(subject, rule, *label, "a label or heading", findings);
-        } else if (headings_in(section.lines) < headings_of(section.id, layout.revision())) {
-            auto heading = word_comment(subject, section.blank_line, first_record);
-            if (!heading) heading = star_comment(subject, section.blank_line, first_record);
-            if (heading) tell_swallowed(subject, rule, *heading, "a heading", findings);
-        } else if (section.id == SectionId::geometry && !has_inner_headings(section.lines)) {
-            const auto heading = word_comment(subject, first_record, last);
-            if (heading) tell_swallowed(subject, rule, *heading, "a heading", findings);
-        }
+        const auto number = swallowed(subject, layout, section);
+        if (!number) continue;
+        const bool is_load = section.id == SectionId::loads;
+        tell_swallowed(subject, rule, *number, is_load ? "a label or heading" : "a heading",
+                       findings);
     }
 }
 
 void look_at_headings(const Subject& subject, const Rule& rule, Findings& findings) {
-    if (subject.exit_code == 0) return;
+    if (!has_known_headings(subject)) return;
     const Layout layout(subject.lines);
     for (const Section& section : layout.sections()) {
         if (section.id == SectionId::loads || !is_looked_at(subject, section.id)) continue;
         const int found = headings_in(section.lines);
         const int wanted = headings_of(section.id, layout.revision());
-        if (found == wanted) continue;
+        if (found == wanted || swallowed(subject, layout, section)) continue;
         const Place place{.line = section.lines.front().number};
         tell(findings, rule, place,
              std::string(name_of(section.id)) + ": " + counted(found, "heading line") +

@@ -34,6 +34,45 @@ std::vector<std::string> lines_of(std::string_view bytes) {
     return lines;
 }
 
+bool is_utf16(const std::vector<std::string>& lines) {
+    if (lines.empty()) return false;
+    const std::string_view first = lines.front();
+    if (first.starts_with("\xFF\xFE") || first.starts_with("\xFE\xFF")) return true;
+    // Without a mark: every other byte of plain text is 0.
+    constexpr std::size_t looked_at = 16;
+    if (first.size() < looked_at) return false;
+    const auto zeros = [&](std::size_t start) {
+        std::size_t count = 0;
+        for (std::size_t i = start; i < looked_at; i += 2) {
+            count += first[i] == '\0' ? 1U : 0U;
+        }
+        return count;
+    };
+    constexpr std::size_t all = looked_at / 2;
+    return (zeros(0) == all && zeros(1) == 0) || (zeros(1) == all && zeros(0) == 0);
+}
+
+bool is_control(char c) {
+    constexpr std::string_view of_texts = "\t\r\f\x1A";
+    const bool is_low = static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    return is_low && of_texts.find(c) == std::string_view::npos;
+}
+
+bool is_text(const std::vector<std::string>& lines) {
+    if (is_utf16(lines)) return false;
+    constexpr std::size_t looked_at = 10'000; // bytes
+    constexpr std::ptrdiff_t of_each = 100;   // no more than one of so many
+    std::size_t bytes = 0;
+    std::ptrdiff_t controls = 0;
+    for (const std::string& line : lines) {
+        if (bytes >= looked_at) break;
+        const std::string_view part = std::string_view(line).substr(0, looked_at);
+        bytes += part.size();
+        controls += std::ranges::count_if(part, is_control);
+    }
+    return controls * of_each <= static_cast<std::ptrdiff_t>(bytes);
+}
+
 std::vector<Token> tokens(std::string_view line, std::string_view separators) {
     std::vector<Token> found;
     std::size_t start = line.find_first_not_of(separators);
@@ -65,8 +104,8 @@ bool looks_like_number(std::string_view token) {
 }
 
 bool looks_like_record(std::string_view line) {
-    const std::vector<Token> all = tokens(line);
-    return !all.empty() && looks_like_number(all.front().text);
+    line.remove_prefix(std::min(line.find_first_not_of(" \t,;"), line.size()));
+    return looks_like_number(line.substr(0, line.find_first_of(" \t")));
 }
 
 std::vector<Token> leading_numbers(std::string_view line) {

@@ -18,6 +18,15 @@ struct Token {
 // The lines of a file, without their line ends; none for an empty file.
 [[nodiscard]] std::vector<std::string> lines_of(std::string_view bytes);
 
+// Whether a file is written in UTF-16.
+[[nodiscard]] bool is_utf16(const std::vector<std::string>& lines);
+
+// A character that no text has; tabs, line ends, page feeds and the end mark of old editors are none.
+[[nodiscard]] bool is_control(char c);
+
+// Whether a file is a text that lines can be made out in: not UTF-16, and hardly any control characters.
+[[nodiscard]] bool is_text(const std::vector<std::string>& lines);
+
 // What stands between separators.
 [[nodiscard]] std::vector<Token> tokens(std::string_view line, std::string_view separators = " ");
 
