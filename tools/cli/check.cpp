@@ -20,6 +20,7 @@ struct Options {
     std::vector<std::string> cases;
     std::string format = "text";
     bool is_strict = false;
+    bool lists_rules = false;
     check::Selection selection;
 };
 
@@ -53,7 +54,17 @@ bool is_at_fault(const check::CheckedDeck& deck, bool is_strict) {
     return !deck.made || count(deck, check::Level::error) + warnings > 0;
 }
 
+int list_rules() {
+    for (const check::Rule* const rule : check::all_rules()) {
+        std::cout << rule->name << " (" << check::name_of(rule->level) << "): " << rule->summary
+                  << '\n';
+    }
+    return exit_code::fine;
+}
+
 int run_check(const Options& options) {
+    if (options.lists_rules) return list_rules();
+    if (options.cases.empty()) throw CLI::RequiredError("CASE");
     const bool are_known =
         names_rules(options.selection.only) && names_rules(options.selection.off);
     if (!are_known) return exit_code::wrong_use;
@@ -82,10 +93,8 @@ void add_check(CLI::App& program, int& code) {
     CLI::App* const check =
         program.add_subcommand("check", "Look for every error and every doubt in decks");
     const auto options = std::make_shared<Options>();
-    check
-        ->add_option("CASE", options->cases,
-                     "a directory with a KORVAT.INP, a deck of any name, or - for standard input")
-        ->required();
+    check->add_option("CASE", options->cases,
+                      "a directory with a KORVAT.INP, a deck of any name, or - for standard input");
     check->add_option("--format", options->format, "text, json or sarif")
         ->check(CLI::IsMember({"text", "json", "sarif"}))
         ->capture_default_str();
@@ -93,10 +102,13 @@ void add_check(CLI::App& program, int& code) {
                     "Let warnings count as errors for the exit code");
     check->add_option("--only", options->selection.only, "Look for these rules only")
         ->delimiter(',')
+        ->allow_extra_args(false) // what follows is a case
         ->type_name("RULE,...");
     check->add_option("--off", options->selection.off, "Do not look for these rules")
         ->delimiter(',')
+        ->allow_extra_args(false) // what follows is a case
         ->type_name("RULE,...");
+    check->add_flag("--rules", options->lists_rules, "List the rules with their levels");
     check->callback([&code, options] { code = run_check(*options); });
 }
 
