@@ -11,7 +11,7 @@ TOKEN = re.compile(
       |(?P<string>"(?:[^"\\\n]|\\.)*")
       |(?P<char>'(?:[^'\\\n]|\\.)+')
       |(?P<real>\d[\d']*\.\d*(?:[eE][+-]?\d+)?[fF]?|\d+[eE][+-]?\d+[fF]?)
-      |(?P<int>0[xX][\da-fA-F]+[uU]?|\d[\d']*[uUlLzZ]*)
+      |(?P<int>0[xX][\da-fA-F']+[uU]?|\d[\d']*[uUlLzZ]*)
       |(?P<name>[A-Za-z_]\w*)
       |(?P<sign><=>|\.\.\.|::|->|\+\+|--|<<|>>|[<>=!+*/%&|^-]=|&&|\|\||.)""",
     re.VERBOSE | re.DOTALL,

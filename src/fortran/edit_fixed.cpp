@@ -61,7 +61,7 @@ std::optional<std::uint64_t> whole_of(double value, int digits) {
     return static_cast<std::uint64_t>(whole);
 }
 
-// Powers of ten of the digits that the short way takes.
+// Digits behind the point that the short way takes, at most.
 constexpr int most_short_digits = 7;
 
 // Below this |value| has at most eight decimals, the last of them under `digits`, before it is rounded.
@@ -69,7 +69,7 @@ constexpr std::array<double, most_short_digits + 1> short_values = {1e8, 1e7, 1e
                                                                     1e4, 1e3, 1e2, 1e1};
 
 // |value| 10^digits, rounded as in whole_of, for a value from 2^-11 up to short_values: there is a k
-// from 1 to 37 with |value| = m 2^(k - 64), and the upper half of the product m (10^digits 2^k) is the
+// from 1 to 35 with |value| = m 2^(k - 64), and the upper half of the product m (10^digits 2^k) is the
 // whole number, the lower half what is dropped.
 std::uint64_t short_whole_of(std::uint64_t bits, int digits) {
     const int k = static_cast<int>((bits >> 52) & 0x7FFU) - 1011;

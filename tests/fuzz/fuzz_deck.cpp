@@ -36,12 +36,12 @@ void check_names(const std::vector<std::string>& names, int exit_code) {
 
 void check_log(int exit_code) {
     const std::string log = fuzz_scratch().read_file(log_file);
-    if (exit_code == stopped) {
-        require(log.find(" EXIT FROM KORVAT") == std::string::npos, "no exit line after a stop");
-        return;
-    }
     const bool is_normal = log.ends_with("\n NORMAL EXIT FROM KORVAT                           \n");
     const bool is_error = log.ends_with("\n ERROR EXIT FROM KORVAT                            \n");
+    if (exit_code == stopped) {
+        require(!is_normal && !is_error, "no exit line after a stop");
+        return;
+    }
     require(exit_code == 0 ? is_normal : is_error, "last line of the log");
     require(exit_code == 0 || log.find(" **** ") != std::string::npos, "an error has a message");
 }

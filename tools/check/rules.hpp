@@ -4,6 +4,7 @@
 #include "check/rule.hpp"
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace korvat::check {
 
 [[nodiscard]] const Rule* rule_named(std::string_view name); // null where there is none
 
-// The name that differs from a misspelt one by the fewest letters.
-[[nodiscard]] std::string_view nearest_rule(std::string_view name);
+// What to say of a name that no rule has, with the one that was probably meant.
+[[nodiscard]] std::string unknown_rule(std::string_view name);
 
 } // namespace korvat::check

@@ -17,10 +17,7 @@ std::string place_in(const std::string& file, const toml::source_region& source)
 SwitchedOff switched_off(const std::string& file, const toml::key& key, const toml::node& value) {
     const std::string rule(key.str());
     const std::string place = place_in(file, key.source());
-    if (rule_named(rule) == nullptr) {
-        throw CannotRead(place + "no rule is named " + rule + "; the nearest is " +
-                         std::string(nearest_rule(rule)));
-    }
+    if (rule_named(rule) == nullptr) throw CannotRead(place + unknown_rule(rule));
     const std::string reason = value.value_or(std::string());
     if (is_blank(reason)) throw CannotRead(place + rule + " needs a reason, a text in quotes");
     return {rule, reason};

@@ -29,8 +29,7 @@ bool names_rules(const std::vector<std::string>& names) {
     bool all_known = true;
     for (const std::string& name : names) {
         if (check::rule_named(name) != nullptr) continue;
-        std::cerr << "korvat-tools: no rule is named " << name << "; the nearest is "
-                  << check::nearest_rule(name) << '\n';
+        std::cerr << "korvat-tools check: " << check::unknown_rule(name) << '\n';
         all_known = false;
     }
     return all_known;
@@ -74,10 +73,10 @@ int run_check(const Options& options) {
         try {
             decks.push_back(check::check_deck(check::read_deck(name), options.selection));
         } catch (const std::bad_alloc&) {
-            std::cerr << "korvat-tools: " << name << ": out of memory\n";
+            std::cerr << "korvat-tools check: " << name << ": out of memory\n";
             all_read = false;
         } catch (const std::exception& error) {
-            std::cerr << "korvat-tools: " << error.what() << '\n';
+            std::cerr << "korvat-tools check: " << error.what() << '\n';
             all_read = false;
         }
     }
@@ -93,22 +92,26 @@ void add_check(CLI::App& program, int& code) {
     CLI::App* const check =
         program.add_subcommand("check", "Look for every error and every doubt in decks");
     const auto options = std::make_shared<Options>();
-    check->add_option("CASE", options->cases,
-                      "a directory with a KORVAT.INP, a deck of any name, or - for standard input");
-    check->add_option("--format", options->format, "text, json or sarif")
+    check
+        ->add_option("CASE", options->cases,
+                     "a directory with a KORVAT.INP, a deck of any name, or - for standard input")
+        ->type_name("");
+    check->add_option("--format", options->format, "how the findings are told; text without it")
         ->check(CLI::IsMember({"text", "json", "sarif"}))
-        ->capture_default_str();
-    check->add_flag("--strict", options->is_strict,
-                    "Let warnings count as errors for the exit code");
-    check->add_option("--only", options->selection.only, "Look for these rules only")
+        ->type_name("FORMAT");
+    check->add_option("--only", options->selection.only, "the rules to look for, with commas")
         ->delimiter(',')
         ->allow_extra_args(false) // what follows is a case
-        ->type_name("RULE,...");
-    check->add_option("--off", options->selection.off, "Do not look for these rules")
+        ->type_name("RULE");
+    check->add_option("--off", options->selection.off, "rules not to look for, with commas")
         ->delimiter(',')
-        ->allow_extra_args(false) // what follows is a case
-        ->type_name("RULE,...");
-    check->add_flag("--rules", options->lists_rules, "List the rules with their levels");
+        ->allow_extra_args(false)
+        ->type_name("RULE");
+    check->add_flag("--rules", options->lists_rules, "list the rules with their levels");
+    check->add_flag("--strict", options->is_strict, "warnings count as errors for the exit code");
+    check->footer(
+        "A file korvat-check.toml beside a deck may switch rules off, with a reason: a table "
+        "[off] with lines RULE = \"reason\". docs/checks.md explains each rule.");
     check->callback([&code, options] { code = run_check(*options); });
 }
 

@@ -13,8 +13,9 @@ inline constexpr int wrong_use = 2; // of the command line, or a file that canno
 } // namespace exit_code
 
 void add_check(CLI::App& program, int& code);
-void add_dump(CLI::App& program, int& code);
+void add_completion(CLI::App& program, int& code);
 void add_diff(CLI::App& program, int& code);
+void add_dump(CLI::App& program, int& code);
 void add_export(CLI::App& program, int& code);
 void add_help(CLI::App& program, int& code);
 

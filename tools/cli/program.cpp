@@ -10,9 +10,13 @@ namespace korvat::cli {
 std::unique_ptr<CLI::App> make_program(int& code) {
     auto program = std::make_unique<CLI::App>(
         "Looks into decks of KORVAT before a run, and into its files after it.", "korvat-tools");
-    program->set_version_flag("--version", "korvat-tools " + std::string(program_version()));
+    program->set_version_flag("--version", "korvat-tools " + std::string(program_version()),
+                              "show the version and exit");
+    program->set_help_flag("-h,--help", "show this help and exit");
     program->require_subcommand(1);
     add_check(*program, code);
+    add_completion(*program, code);
+    add_export(*program, code);
     add_help(*program, code);
     return program;
 }

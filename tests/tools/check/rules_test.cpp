@@ -25,9 +25,10 @@ TEST(Rules, EachHasANameOfItsOwnInLowerCase) {
 }
 
 TEST(Rules, TheNearestName) {
-    EXPECT_EQ(check::nearest_rule("surplus-number"), "surplus-numbers");
-    EXPECT_EQ(check::nearest_rule("utf16"), "utf-16");
-    EXPECT_EQ(check::nearest_rule("DECIMAL-comma"), "decimal-comma");
+    EXPECT_EQ(check::unknown_rule("surplus"),
+              "there is no rule 'surplus'; did you mean 'surplus-numbers'?");
+    EXPECT_EQ(check::unknown_rule("utf16"), "there is no rule 'utf16'; did you mean 'utf-16'?");
+    EXPECT_EQ(check::unknown_rule("qqqqqqqq"), "there is no rule 'qqqqqqqq'");
 }
 
 std::string document() {
@@ -104,7 +105,7 @@ std::string refusal(const std::string& settings) {
 
 TEST(Rules, SettingsThatAreWrong) {
     EXPECT_EQ(refusal("[off]\ntabs = \"meant\"\n"),
-              "korvat-check.toml:2: no rule is named tabs; the nearest is tab");
+              "korvat-check.toml:2: there is no rule 'tabs'; did you mean 'tab'?");
     EXPECT_EQ(refusal("[off]\n\ntab = \"  \"\n"),
               "korvat-check.toml:3: tab needs a reason, a text in quotes");
     EXPECT_EQ(refusal("[off]\ntab = true\n"),

@@ -111,15 +111,16 @@ TEST_F(CheckCommand, RulesByTheirNames) {
     const Result result = run({"--off", "surplus,tabs", path("doubt")});
     EXPECT_EQ(result.code, 2);
     EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.error, "korvat-tools: no rule is named surplus; the nearest is utf-16\n"
-                            "korvat-tools: no rule is named tabs; the nearest is tab\n");
+    EXPECT_EQ(result.error,
+              "korvat-tools check: there is no rule 'surplus'; did you mean 'surplus-numbers'?\n"
+              "korvat-tools check: there is no rule 'tabs'; did you mean 'tab'?\n");
 }
 
 TEST_F(CheckCommand, AFileThatCannotBeReadDoesNotHideTheOthers) {
     const Result result = run({path("none"), path("good"), "--only", surplus});
     EXPECT_EQ(result.code, 2);
     EXPECT_EQ(result.output, "3 piles, 20 elements, 2 sections: 0 errors, 0 warnings\n");
-    const std::string start = "korvat-tools: " + path("none") + ": ";
+    const std::string start = "korvat-tools check: " + path("none") + ": ";
     EXPECT_EQ(result.error.substr(0, start.size()), start);
 }
 

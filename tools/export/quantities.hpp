@@ -1,0 +1,43 @@
+// What follows from the values of a group: weights, volumes, length and batter of its piles.
+#pragma once
+
+#include "group/group.hpp"
+
+#include <vector>
+
+namespace korvat::exporting {
+
+// Of a section for each unit of length, or of a whole element or pile. Weights are as the deck's unit
+// weights are, dry or submerged.
+struct Quantities {
+    double steel_weight = 0.0;     // F/L, or F
+    double grout_weight = 0.0;     // walls of a material that is not steel; F/L, or F
+    double fluid_weight = 0.0;     // inside the innermost tube; F/L, or F
+    double displaced_volume = 0.0; // within the outer diameter; L2, or L3
+
+    Quantities& operator+=(const Quantities& other);
+    bool operator==(const Quantities&) const = default;
+};
+
+[[nodiscard]] Quantities operator*(double length, const Quantities& of_a_unit);
+
+// Of each section, in their order, for each unit of length. A wall is steel when its modulus is at least
+// 0.2 times the largest one of the group, otherwise grout or concrete. The tubes of each composite are
+// sections of the group.
+[[nodiscard]] std::vector<Quantities> section_quantities(const group::Group& group);
+
+// Of a whole pile; `sections` are those of its group. A dummy pile has none.
+[[nodiscard]] Quantities pile_quantities(const group::Pile& pile,
+                                         const std::vector<Quantities>& sections);
+
+// From the first to the last node, L.
+[[nodiscard]] double pile_length(const group::Pile& pile);
+
+// The angle between the vertical and the line from the first to the last node, in degrees, as in the
+// listing: negative where the tip is above the head.
+[[nodiscard]] double pile_batter(const group::Pile& pile);
+
+// Distances of the nodes from the head, measured along the elements, L.
+[[nodiscard]] std::vector<double> distances_from_head(const group::Pile& pile);
+
+} // namespace korvat::exporting
