@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace korvat::check {
 namespace {
@@ -42,7 +43,8 @@ std::vector<Token> surplus_numbers(const Subject& subject, const Row& row) {
     if (row.numbers.empty() || row.id == RecordId::pile_segments) return {};
     const Place& last = row.numbers.back().place;
     const std::string_view line = line_of(subject, last.line);
-    const auto behind = static_cast<std::size_t>(last.column - 1 + last.length);
+    const std::size_t behind =
+        static_cast<std::size_t>(last.column - 1) + static_cast<std::size_t>(last.length);
     if (last.column < 1 || behind >= line.size()) return {};
     const std::size_t width = is_list(row.id) ? list_width : record_width;
     std::vector<Token> rest = tokens(line.substr(0, width), is_list(row.id) ? " \t," : " ");
@@ -100,11 +102,12 @@ void look_for_width(const Subject& subject, const Rule& rule, Findings& findings
         const std::string column = std::to_string(width);
         const std::string kept(token->text.substr(
             0, token->position < width ? width - token->position : std::size_t{0}));
-        const std::string text = kept.empty()
-                                     ? "is beyond column " + column + " and is not read"
-                                     : "crosses column " + column + " and is read as " + kept;
-        tell(findings, rule, place_of(line.text, line.number, *token),
-             std::string(token->text) + " " + text,
+        std::string text(token->text);
+        text += kept.empty() ? " is beyond column " : " crosses column ";
+        text += column;
+        text += kept.empty() ? " and is not read" : " and is read as ";
+        text += kept;
+        tell(findings, rule, place_of(line.text, line.number, *token), std::move(text),
              "Move the numbers into the first " + column +
                  " columns, or go on with the record on the next line.");
     }

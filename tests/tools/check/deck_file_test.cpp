@@ -5,6 +5,8 @@
 #include "tools/check/deck_text.hpp"
 
 #include <gtest/gtest.h>
+#include <iostream>
+#include <sstream>
 
 namespace korvat::test {
 namespace {
@@ -43,6 +45,18 @@ TEST(DeckFile, AFileOfAnyName) {
     EXPECT_EQ(deck.shown, name);
     EXPECT_EQ(deck.name, "jacket.txt");
     EXPECT_EQ(deck.bytes, "deck");
+}
+
+TEST(DeckFile, StandardInput) {
+    std::istringstream input("deck\n");
+    std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
+    const check::DeckFile deck = check::read_deck("-");
+    std::cin.rdbuf(before);
+    std::cin.clear();
+    EXPECT_EQ(deck.shown, "<stdin>");
+    EXPECT_EQ(deck.name, "");
+    EXPECT_TRUE(deck.beside.empty());
+    EXPECT_EQ(deck.bytes, "deck\n");
 }
 
 TEST(DeckFile, WhatCannotBeRead) {
