@@ -224,23 +224,31 @@ void count_ending_table(const Subject& subject, const Rule& rule, const EndingTa
          "Remove what stands behind it, or correct the count" + in_line(count) + ".");
 }
 
-void count_control(const Subject& subject, const Layout& layout, const Rule& rule,
-                   Findings& findings) {
-    constexpr std::size_t values = 9;
+constexpr std::size_t control_values = 9;
+
+// The lines of the control section that ought to be its values.
+Lines control_lines(const Layout& layout) {
     const Section* const section = layout.section(SectionId::control);
-    if (section == nullptr || !is_looked_at(subject, SectionId::control)) return;
-    const Lines lines = behind_headings(section->lines);
-    if (lines.empty() || lines.size() == values) return;
-    const std::string text =
-        "control section: " + counted(static_cast<long>(lines.size()), "value") +
-        ", but it has nine";
-    constexpr std::string_view remedy =
-        "Its nine values stand one to a line: force factor, length factor, piles, cross sections, "
-        "material types, segment types, load vectors, print level, echo level.";
-    const Place place = lines.size() > values
-                            ? place_of_line(lines[values].number, lines[values].text)
-                            : Place{.line = lines.back().number + 1};
-    tell(findings, rule, place, text, std::string(remedy));
+    return section == nullptr ? Lines() : behind_headings(section->lines);
+}
+
+// Whether the control section has too few or too many values: none of its counts is then known.
+bool is_control_shifted(const Subject& subject, const Layout& layout) {
+    const Lines lines = control_lines(layout);
+    return is_looked_at(subject, SectionId::control) && !lines.empty() &&
+           lines.size() != control_values;
+}
+
+void tell_of_control(const Layout& layout, const Rule& rule, Findings& findings) {
+    const Lines lines = control_lines(layout);
+    const bool is_surplus = lines.size() > control_values;
+    const DeckLine& line = is_surplus ? lines[control_values] : lines.back();
+    const Place place =
+        is_surplus ? place_of_line(line.number, line.text) : Place{.line = line.number + 1};
+    const std::string values = counted(static_cast<long>(lines.size()), "value");
+    tell(findings, rule, place, "control section: " + values + ", but it has nine",
+         "Its nine values stand one to a line: force factor, length factor, piles, cross sections, "
+         "material types, segment types, load vectors, print level, echo level.");
 }
 
 // The piles of a geometry table that need a record in the segment table: those that are given, and
@@ -360,9 +368,10 @@ void count_list_section(const Subject& subject, const Section& section, const Ru
             continue;
         }
         ++sections;
-        const double type = std::clamp(numbers[1], 0.0, 1000.0);
+        const double type = numbers[1];
         const double code = std::max(numbers[2], 0.0);
-        if (code > limits::curve_points) return; // an error of its own
+        const bool is_beyond = type > limits::sub_sections || code > limits::curve_points;
+        if (is_beyond) return; // an error of its own
         tubes_left = type >= 2.0 ? static_cast<long>(type) : 0;
         points_left += static_cast<long>(code);
     }
@@ -450,7 +459,7 @@ void count_loads(const Subject& subject, const Layout& layout, const Rule& rule,
 void look_at_counts(const Subject& subject, const Rule& rule, Findings& findings) {
     if (subject.exit_code == 0) return;
     const Layout layout(subject.lines);
-    count_control(subject, layout, rule, findings);
+    if (is_control_shifted(subject, layout)) return tell_of_control(layout, rule, findings);
     for (const NumberedTable& table : numbered_tables) {
         count_numbered_table(subject, layout, rule, table, findings);
     }
@@ -469,7 +478,7 @@ void look_at_widths(const Subject& subject, const Rule& rule, SectionId id, Reco
         tell(findings, rule, place_of_line(records[i].line, records[i].text),
              "record " + std::to_string(i + 1) + " of the " +
                  std::string(lower_case(deck::record(record).section)) + " has " +
-                 std::to_string(records[i].found) + " numbers instead of " +
+                 counted(static_cast<long>(records[i].found), "number") + " instead of " +
                  std::to_string(deck::record(record).count) +
                  ", so the others are taken from the next line",
              "Complete the record; what a number means is in the heading of its section.");

@@ -103,8 +103,14 @@ TEST(StructureRules, TablesThatEndWithAHighestNumber) {
 TEST(StructureRules, TheControlSectionHasNineValues) {
     EXPECT_EQ(found(good_deck().without(13), "record-count"),
               Texts{"13:0+0 control section: 8 values, but it has nine"});
-    EXPECT_EQ(found(good_deck().with_inserted(9, "  1   more"), "record-count").front(),
-              "14:3+18 control section: 10 values, but it has nine");
+    EXPECT_EQ(found(good_deck().with_inserted(9, "  1   more"), "record-count"),
+              Texts{"14:3+18 control section: 10 values, but it has nine"});
+}
+
+// None of the counts is known then: NUMPIL, say, is read from the line of NUMCRS.
+TEST(StructureRules, AShiftedControlSectionIsTheOnlyOneThatIsCounted) {
+    EXPECT_EQ(found(good_deck().without(6), "record-count"),
+              Texts{"13:0+0 control section: 8 values, but it has nine"});
 }
 
 TEST(StructureRules, TheSegmentTable) {
