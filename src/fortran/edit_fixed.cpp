@@ -68,8 +68,8 @@ constexpr int most_short_digits = 7;
 constexpr std::array<double, most_short_digits + 1> short_values = {1e8, 1e7, 1e6, 1e5,
                                                                     1e4, 1e3, 1e2, 1e1};
 
-// |value| 10^digits, rounded as in whole_of, for a value from 2^-11 up to short_values: there is a k
-// from 1 to 35 with |value| = m 2^(k - 64), and the upper half of the product m (10^digits 2^k) is the
+// |value| 10^digits, rounded as in whole_of, for a value from 2^-12 up to short_values: there is a k
+// from 0 to 35 with |value| = m 2^(k - 64), and the upper half of the product m (10^digits 2^k) is the
 // whole number, the lower half what is dropped.
 std::uint64_t short_whole_of(std::uint64_t bits, int digits) {
     const int k = static_cast<int>((bits >> 52) & 0x7FFU) - 1011;
@@ -88,7 +88,7 @@ std::uint64_t short_whole(double value, int digits) {
     if (place - 1 >= most_short_digits) return short_limit;
     const double magnitude = std::fabs(value);
     if (magnitude == 0.0) return 0;
-    if (!(magnitude >= 0x1p-11 && magnitude < short_values[place])) return short_limit;
+    if (!(magnitude >= 0x1p-12 && magnitude < short_values[place])) return short_limit;
     return short_whole_of(std::bit_cast<std::uint64_t>(value), digits);
 }
 

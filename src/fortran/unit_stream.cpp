@@ -62,7 +62,7 @@ bool UnitStream::end_reading() {
 bool UnitStream::is_at_file_end() const {
     if (is_standard_stream(file_)) return false;
     const long here = std::ftell(file_);
-    if (here < 0 || std::fseek(file_, 0, SEEK_END) != 0) return false;
+    if (std::fseek(file_, 0, SEEK_END) != 0) return false;
     if (std::ftell(file_) == here) return true;
     std::fseek(file_, here, SEEK_SET);
     return false;

@@ -189,9 +189,9 @@ void form_elements(Output& out, int np) {
     }
 }
 
+// A dummy pile has no element, and without an item no record is written.
 void write_elements(Output& out, int np) {
     const Store& cmn = out.cmn;
-    if (cmn.NELP(np) == 0) return;
     form_elements(out, np);
     RecordBuilder sizes(out.file);
     for (int e = 1; e <= cmn.NELP(np); ++e)

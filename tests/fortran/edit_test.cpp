@@ -88,8 +88,10 @@ TEST_F(Edit, RealsAroundEightDigits) {
 TEST_F(Edit, RealsHalfwayGoToTheEvenDigit) {
     EXPECT_EQ(written("(4f8.2)", 0.125, 0.375, 0.625, 0.875), "    0.12    0.38    0.62    0.88\n");
     EXPECT_EQ(written("(2f8.1)", -0.25, -0.75), "    -0.2    -0.8\n");
-    EXPECT_EQ(written("(f12.7)", 0.00048828125), "   0.0004883\n"); // 2^-11
-    EXPECT_EQ(written("(f12.7)", 0.000244140625), "   0.0002441\n");
+    EXPECT_EQ(written("(f12.7)", 0.00048828125), "   0.0004883\n");      // 2^-11
+    EXPECT_EQ(written("(f12.7)", 0.000244140625), "   0.0002441\n");     // 2^-12
+    EXPECT_EQ(written("(f12.7)", 0.00024415), "   0.0002441\n");         // the double lies below
+    EXPECT_EQ(written("(f12.7)", 0.00024405), "   0.0002440\n");         // here too
     EXPECT_EQ(written("(2f8.3)", 0.0005, 0.0004), "   0.001   0.000\n"); // 0.0005 lies above
     EXPECT_EQ(written("(2f8.3)", -0.0, -0.0001), "  -0.000  -0.000\n");
 }
