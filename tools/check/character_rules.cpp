@@ -65,7 +65,7 @@ Found look_at_records(const Subject& subject, bool is_list_free,
                       const std::function<std::optional<Token>(std::string_view)>& find) {
     Found found;
     if (subject.exit_code == 0 || !is_text(subject.lines)) return found;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     const int first = first_doubtful_line(subject);
     for (const DeckLine& line : layout.lines()) {
         if (line.number < first || line.number <= layout.version_line() || line.number == 1)

@@ -1,5 +1,6 @@
 #include "check/checker.hpp"
 
+#include "check/layout.hpp"
 #include "check/read_outline.hpp"
 #include "check/rules.hpp"
 #include "check/scratch_run.hpp"
@@ -64,7 +65,8 @@ CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
         .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
     if (!file.beside.empty()) deck.off = read_settings(file.beside);
     const ScratchRun run = run_in_scratch(file.bytes);
-    const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines);
+    const Layout layout(deck.lines);
+    const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout);
     const std::string stop = stop_of(run);
     const Subject subject{.lines = deck.lines,
                           .outline = outline,
@@ -72,7 +74,8 @@ CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
                           .group = run.group ? &*run.group : nullptr,
                           .exit_code = run.exit_code,
                           .deck_name = file.name,
-                          .stop = stop};
+                          .stop = stop,
+                          .layout = &layout};
     look(subject, selection, deck);
     if (run.group) deck.made = made_of(*run.group);
     return deck;

@@ -12,7 +12,7 @@ namespace korvat::check {
 namespace {
 
 constexpr std::string_view deck_name = "KORVAT.INP";
-constexpr std::size_t most_bytes = 64'000'000;
+constexpr std::size_t most_bytes = 16'000'000;
 
 // Reads in blocks: a pipe or a device does not tell its size, and may have no end.
 std::string bytes_of(std::istream& stream, const std::string& shown) {
@@ -22,7 +22,7 @@ std::string bytes_of(std::istream& stream, const std::string& shown) {
         stream.read(block.data(), block.size());
         bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
         if (bytes.size() > most_bytes)
-            throw CannotRead(shown + ": larger than 64 MB, which no deck is");
+            throw CannotRead(shown + ": larger than 16 MB, more than is looked at");
     }
     if (stream.bad()) throw CannotRead(shown + ": it cannot be read");
     return bytes;

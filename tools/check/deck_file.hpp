@@ -22,7 +22,7 @@ struct DeckFile {
 
 // A case is a directory with a KORVAT.INP, a file of any name, or "-" for standard input. A directory
 // without a file of that name may have one in other letters. Raises CannotRead: there is no such file,
-// it cannot be read, or it is larger than 64 megabytes, which no deck is.
+// it cannot be read, or it is larger than 16 megabytes.
 [[nodiscard]] DeckFile read_deck(const std::string& argument);
 
 } // namespace korvat::check

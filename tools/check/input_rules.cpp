@@ -92,7 +92,7 @@ std::optional<Token> token_beyond(std::string_view line, std::size_t width) {
 }
 
 void look_for_width(const Subject& subject, const Rule& rule, Findings& findings) {
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     for (const DeckLine& line : layout.lines()) {
         if (line.text.size() <= record_width) continue; // most
         const std::size_t width = width_of(layout, line.number);
@@ -168,7 +168,7 @@ void look_for_second_vector(const Subject& subject, const Rule& rule, Findings& 
 }
 
 void look_behind_end(const Subject& subject, const Rule& rule, Findings& findings) {
-    const int end = Layout(subject.lines).end_line();
+    const int end = subject.layout->end_line();
     if (end == 0 || subject.exit_code != 0) return; // behind an error, end-line looks at it
     int count = 0;
     int first = 0;
@@ -341,7 +341,7 @@ constexpr std::string_view revision_dates[] = {"2006-06-11", "2009-09-01"};
 // A line near the top that was meant as a version line: without one the deck is of revision 4.
 void look_for_version(const Subject& subject, const Rule& rule, Findings& findings) {
     constexpr std::size_t lines_searched = 10;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     if (layout.version_line() != 0) return;
     const std::vector<DeckLine>& lines = layout.lines();
     for (std::size_t i = 1; i < std::min(lines.size(), lines_searched + 1); ++i) {

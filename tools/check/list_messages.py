@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes a C++ source with the entries of docs/messages.md and the texts in src that they explain.
 
-tools/check/list_messages.py OUTPUT. Fails where an error or a warning of src has no entry.
+tools/check/list_messages.py OUTPUT | --check. Fails where an error or a warning of src has no entry; --check writes nothing.
 """
 import pathlib
 import re
@@ -91,7 +91,9 @@ std::span<const MessageEntry> message_entries() {{
 
 
 def main():
-    pathlib.Path(sys.argv[1]).write_text(source(message_entries.DOCUMENT.read_text()))
+    text = source(message_entries.DOCUMENT.read_text())
+    if sys.argv[1] != "--check":
+        pathlib.Path(sys.argv[1]).write_text(text)
 
 
 if __name__ == "__main__":

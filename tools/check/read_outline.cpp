@@ -78,13 +78,14 @@ SectionId section_reached(const Report& report) {
     return is_end ? SectionId::loads : section;
 }
 
-Outline read_outline(const Report& report, int NLINE, const std::vector<std::string>& lines) {
+Outline read_outline(const Report& report, int NLINE, const std::vector<std::string>& lines,
+                     const Layout& layout) {
     std::vector<Row> rows;
     for (const GivenRecord& given : report.records) {
         rows.push_back(row_of(report, lines, given));
     }
     const int last_read = last_line_read(report, NLINE);
-    for (SectionRows& section : scan_rows(Layout(lines))) {
+    for (SectionRows& section : scan_rows(layout)) {
         for (Row& row : section.rows) {
             if (row.place.line > last_read) rows.push_back(std::move(row));
         }

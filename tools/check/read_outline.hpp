@@ -31,6 +31,6 @@ namespace korvat::check {
 
 // The records that a run has kept, and those that stand behind the last line it has read.
 [[nodiscard]] Outline read_outline(const Report& report, int NLINE,
-                                   const std::vector<std::string>& lines);
+                                   const std::vector<std::string>& lines, const Layout& layout);
 
 } // namespace korvat::check

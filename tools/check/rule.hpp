@@ -13,6 +13,8 @@
 
 namespace korvat::check {
 
+class Layout;
+
 // A deck and what its run made of it.
 struct Subject {
     const std::vector<std::string>&
@@ -24,6 +26,8 @@ struct Subject {
     std::string_view deck_name = {}; // of the file without its directory; empty: standard input
     std::string_view stop = {};      // what ended the run from within, or an output it could not
                                      // write; empty: nothing
+    // The lines and sections that can be made out; null only where no rule asks for them.
+    const Layout* layout = nullptr;
 };
 
 // A rule names itself and its level once, in its table; `look` adds what it finds.

@@ -86,7 +86,7 @@ std::string missing_part(const Subject& subject, SectionId id, const Layout& lay
 void look_at_rest(const Subject& subject, const Rule& rule, Findings& findings) {
     if (subject.exit_code == 0 || !is_text(subject.lines)) return;
     std::string parts;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     const std::vector<SectionRows> scanned = scan_rows(layout);
     constexpr SectionId sections[] = {SectionId::control,        SectionId::materials,
                                       SectionId::cross_sections, SectionId::segment_types,

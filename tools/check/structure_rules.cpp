@@ -458,7 +458,7 @@ void count_loads(const Subject& subject, const Layout& layout, const Rule& rule,
 
 void look_at_counts(const Subject& subject, const Rule& rule, Findings& findings) {
     if (subject.exit_code == 0) return;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     if (is_control_shifted(subject, layout)) return tell_of_control(layout, rule, findings);
     for (const NumberedTable& table : numbered_tables) {
         count_numbered_table(subject, layout, rule, table, findings);
@@ -488,7 +488,7 @@ void look_at_widths(const Subject& subject, const Rule& rule, SectionId id, Reco
 
 void look_for_short_records(const Subject& subject, const Rule& rule, Findings& findings) {
     if (subject.exit_code == 0) return;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     struct Table {
         SectionId section;
         RecordId record;
@@ -571,7 +571,7 @@ bool has_known_headings(const Subject& subject) {
 
 void look_for_swallowed_headings(const Subject& subject, const Rule& rule, Findings& findings) {
     if (!has_known_headings(subject)) return;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     for (const Section& section : layout.sections()) {
         if (!is_looked_at(subject, section.id)) continue;
         const auto number = swallowed(subject, layout, section);
@@ -584,7 +584,7 @@ void look_for_swallowed_headings(const Subject& subject, const Rule& rule, Findi
 
 void look_at_headings(const Subject& subject, const Rule& rule, Findings& findings) {
     if (!has_known_headings(subject)) return;
-    const Layout layout(subject.lines);
+    const Layout& layout = *subject.layout;
     for (const Section& section : layout.sections()) {
         if (section.id == SectionId::loads || !is_looked_at(subject, section.id)) continue;
         const int found = headings_in(section.lines);
@@ -603,7 +603,7 @@ void look_at_headings(const Subject& subject, const Rule& rule, Findings& findin
 
 void look_at_end(const Subject& subject, const Rule& rule, Findings& findings) {
     if (subject.exit_code == 0) return;
-    const int end = Layout(subject.lines).end_line();
+    const int end = subject.layout->end_line();
     if (end == 0) {
         for (std::size_t i = subject.lines.size(); i > 0; --i) {
             const std::string_view line = subject.lines[i - 1];

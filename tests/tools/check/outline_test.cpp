@@ -18,7 +18,8 @@ using deck::RecordId;
 
 Outline outline_of(const DeckText& deck) {
     const check::ScratchRun run = check::run_in_scratch(deck.text());
-    return check::read_outline(run.cmn->report, run.cmn->NLINE, check::lines_of(deck.text()));
+    const std::vector<std::string> lines = check::lines_of(deck.text());
+    return check::read_outline(run.cmn->report, run.cmn->NLINE, lines, check::Layout(lines));
 }
 
 TEST(Outline, EachNumberHasItsPlaceInTheFile) {
