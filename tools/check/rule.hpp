@@ -13,6 +13,8 @@
 
 namespace korvat::check {
 
+class Layout;
+
 // A deck and what its run made of it.
 struct Subject {
     const std::vector<std::string>&
@@ -21,6 +23,11 @@ struct Subject {
     const Store& cmn;          // after the run, in stored units; filled as far as the run came
     const group::Group* group; // what the run wrote; null where it failed
     int exit_code;             // of the run
+    std::string_view deck_name = {}; // of the file without its directory; empty: standard input
+    std::string_view stop = {};      // what ended the run from within, or an output it could not
+                                     // write; empty: nothing
+    // The lines and sections that can be made out; null only where no rule asks for them.
+    const Layout* layout = nullptr;
 };
 
 // A rule names itself and its level once, in its table; `look` adds what it finds.
@@ -32,6 +39,11 @@ struct Rule {
 };
 
 // The rule groups, each in its own file.
+[[nodiscard]] std::span<const Rule> run_rules(); // what the run itself says
+[[nodiscard]] std::span<const Rule>
+character_rules(); // characters behind the message of a run: tabs, commas, UTF-16
+[[nodiscard]] std::span<const Rule>
+structure_rules(); // headings and records behind the message of a run: too few, too many
 [[nodiscard]] std::span<const Rule>
 input_rules(); // input that is lost or read otherwise than it looks
 [[nodiscard]] std::span<const Rule>

@@ -1,6 +1,6 @@
 #include "cli/command_table.hpp"
 
-#include "cli/nearest_name.hpp"
+#include "check/nearest_name.hpp"
 
 #include <algorithm>
 #include <sstream>
@@ -64,7 +64,7 @@ std::vector<const CLI::App*> commands_of(const CLI::App& program) {
 }
 
 std::string meant(const std::string& written, const std::vector<std::string>& names) {
-    const auto nearest = nearest_name(written, names);
+    const auto nearest = check::nearest_name(written, names);
     return nearest ? "; did you mean '" + *nearest + "'?" : std::string();
 }
 

@@ -14,6 +14,7 @@ std::unique_ptr<CLI::App> make_program(int& code) {
                               "show the version and exit");
     program->set_help_flag("-h,--help", "show this help and exit");
     program->require_subcommand(1);
+    add_check(*program, code);
     add_completion(*program, code);
     add_diff(*program, code);
     add_dump(*program, code);

@@ -31,6 +31,10 @@ public:
 
     int NPHYS = 0; // physical lines of the record just read
     Values VAR;    // the record just read; keeps its numbers between records
+
+private:
+    [[nodiscard]] int first_line() const; // of the record just read
+    void keep_record(deck::RecordId id, int k, int count);
 };
 
 } // namespace korvat

@@ -19,7 +19,7 @@ struct Point {
 };
 
 Cause read_point(Rev5Reader& in, const Place& place, Point& point) {
-    in.LOC = deck::location_of(deck::record(deck::RecordId::curve_point), place.N * 100 + place.i);
+    in.begin_record(deck::RecordId::curve_point, place.N * 100 + place.i);
     int number = 0;
     int sequence = 0;
     if (const Cause fault =

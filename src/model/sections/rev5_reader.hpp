@@ -7,6 +7,7 @@
 #include "model/sections/tube_record.hpp"
 
 #include <array>
+#include <initializer_list>
 
 namespace korvat {
 
@@ -25,7 +26,10 @@ class Rev5Reader : public DeckLines {
 public:
     explicit Rev5Reader(Store& store);
 
-    // Reads the values of one record; they may go on over several lines.
+    // Begins the k-th record of its kind: sets LOC to its location code.
+    void begin_record(deck::RecordId id, int k);
+
+    // Reads the values of the record that was begun; they may go on over several lines.
     template <typename... Values>
     Cause read_values(Values&... values) {
         static_assert(sizeof...(Values) <= most_values);
@@ -35,6 +39,7 @@ public:
         Cause fault = Cause::none;
         // Stops at the first value that faults.
         static_cast<void>((!(fault = take(list, values)) && ...));
+        if (!fault && cmn.report.keeps_records) keep_record({static_cast<double>(values)...});
         return fault;
     }
 
@@ -76,9 +81,13 @@ private:
         return Cause::none;
     }
 
-    int first_line_ = 0;                          // of the record just read
-    std::array<DeckPlace, most_values> places_{}; // of its values
-    std::size_t count_ = 0;                       // of the places that are set
+    void keep_record(std::initializer_list<double> values);
+
+    deck::RecordId id_ = deck::RecordId::cross_section_5; // of the record that was begun
+    int k_ = 0;                                           // of that record
+    int first_line_ = 0;                                  // of the record just read
+    std::array<DeckPlace, most_values> places_{};         // of its values
+    std::size_t count_ = 0;                               // of the places that are set
 };
 
 // The parts of the section, in deck order.

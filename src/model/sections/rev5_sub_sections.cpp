@@ -16,7 +16,7 @@ struct SubSectionLine : Rev5Tube {
 };
 
 Cause read_line(Rev5Reader& in, int N, int j, SubSectionLine& line) {
-    in.LOC = deck::location_of(deck::record(deck::RecordId::sub_section), N * 1000 + j);
+    in.begin_record(deck::RecordId::sub_section, N * 1000 + j);
     return in.read_tube(line, line.number, line.sequence, line.type, line.code);
 }
 

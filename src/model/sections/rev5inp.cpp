@@ -12,7 +12,7 @@ struct SectionLine : Rev5Tube {
 };
 
 Cause read_section_line(Rev5Reader& in, int N, SectionLine& line) {
-    in.LOC = deck::location_of(deck::record(deck::RecordId::cross_section_5), N);
+    in.begin_record(deck::RecordId::cross_section_5, N);
     if (const Cause fault = in.read_tube(line, line.number, line.type, line.code)) return fault;
     if (line.number != N) {
         return in.reject(in.place(1),

@@ -33,6 +33,20 @@ struct Places {
     Table1<DeckPlace, limits::special_records> ISPNOD; // the record's last node
 };
 
+// A number of the deck as it is written there, before any factor.
+struct GivenNumber {
+    double value = 0.0;
+    DeckPlace place;
+};
+
+// A record that a reader has taken, before its values were checked.
+struct GivenRecord {
+    int kind = 0;       // position in the deck's table of records, from 0
+    int k = 0;          // as in its location code; 0 where it is single
+    int first_line = 0; // of NF12
+    std::vector<GivenNumber> numbers = {};
+};
+
 struct Report {
     Fault fault; // the run's first error
     std::vector<Warning> warnings;
@@ -46,6 +60,9 @@ struct Report {
     std::vector<int> text_lines;
     RecordLines record_lines; // of the record that LINE holds
     Places places;
+
+    bool keeps_records = false;       // set before a run whose records somebody asks for
+    std::vector<GivenRecord> records; // in the order of the deck; none unless they are kept
 
     std::vector<std::string> outputs;              // names of the output files that could be opened
     std::vector<fortran::WriteFault> lost_records; // record files that could not be written whole

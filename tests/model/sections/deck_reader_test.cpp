@@ -47,6 +47,27 @@ TEST_F(DeckReaderTest, UnreadableLineOnPosix) {
     EXPECT_EQ(log(), " unreadable at  300\n");
 }
 
+TEST_F(DeckReaderTest, RecordsAreKeptOnlyWhereThatIsAskedFor) {
+    give_copy("1.5\n 7 1 2 3\n4  5\n6\n");
+    EXPECT_EQ(in.read_record(RecordId::load_factor, 2), Cause::none);
+    EXPECT_TRUE(cmn().report.records.empty());
+    cmn().report.keeps_records = true;
+    EXPECT_EQ(in.read_record(RecordId::pile_load, 205), Cause::none);
+    ASSERT_EQ(cmn().report.records.size(), 1U);
+    const GivenRecord& record = cmn().report.records.front();
+    EXPECT_EQ(record.kind, static_cast<int>(RecordId::pile_load));
+    EXPECT_EQ(record.k, 205);
+    EXPECT_EQ(record.first_line, 2);
+    ASSERT_EQ(record.numbers.size(), 7U);
+    EXPECT_EQ(record.numbers[0].value, 7.0);
+    EXPECT_EQ(record.numbers[0].place, (DeckPlace{.line = 2, .column = 2}));
+    EXPECT_EQ(record.numbers[5].value, 5.0);
+    EXPECT_EQ(record.numbers[5].place, (DeckPlace{.line = 3, .column = 4}));
+    EXPECT_EQ(record.numbers[6].place, (DeckPlace{.line = 4, .column = 1}));
+    EXPECT_EQ(in.read_record(RecordId::load_factor, 3), Cause::record_fault); // the end of the file
+    EXPECT_EQ(cmn().report.records.size(), 1U);
+}
+
 TEST_F(DeckReaderTest, RecordTakesItsCountAndLocationFromTheDescription) {
     give_copy("7 1 2 3\n4 5\n6\nnext\n");
     EXPECT_EQ(in.read_record(RecordId::pile_load, 205), Cause::none);

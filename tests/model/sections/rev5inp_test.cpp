@@ -1,6 +1,8 @@
 // Tests of the cross-section lines of a revision-5 input: stored values, line count, checks.
 #include "rev5_fixture.hpp"
 
+#include "model/sections/deck_records.hpp"
+
 namespace korvat::test {
 namespace {
 
@@ -18,6 +20,21 @@ protected:
         EXPECT_EQ(cmn().IERR, 4);
     }
 };
+
+TEST_F(Rev5inp, RecordsAreKeptWithThePlacesOfTheirValues) {
+    cmn().report.keeps_records = true;
+    EXPECT_EQ(read_lines({"", "a", "b", "c", "  1 1", section(" 0, 2,1.0 0.1")}), "");
+    ASSERT_EQ(cmn().report.records.size(), 1U);
+    const GivenRecord& record = cmn().report.records.front();
+    EXPECT_EQ(record.kind, static_cast<int>(deck::RecordId::cross_section_5));
+    EXPECT_EQ(record.k, 1);
+    EXPECT_EQ(record.first_line, 5);
+    ASSERT_EQ(record.numbers.size(), 15U);
+    EXPECT_EQ(record.numbers[3].value, 2.0);
+    EXPECT_EQ(record.numbers[3].place, (DeckPlace{.line = 6, .column = 5}));
+    EXPECT_EQ(record.numbers[4].value, 1.0);
+    EXPECT_EQ(record.numbers[4].place, (DeckPlace{.line = 6, .column = 7}));
+}
 
 TEST_F(Rev5inp, StoresAPlainSectionScaled) {
     cmn().FACF = 2.0;

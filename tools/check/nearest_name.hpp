@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvat::cli {
+namespace korvat::check {
 
 // How many letters must be put in, left out, changed or swapped with their neighbour to make `b` of `a`.
 [[nodiscard]] std::size_t spelling_distance(std::string_view a, std::string_view b);
@@ -16,4 +16,4 @@ namespace korvat::cli {
 [[nodiscard]] std::optional<std::string> nearest_name(std::string_view written,
                                                       std::span<const std::string> names);
 
-} // namespace korvat::cli
+} // namespace korvat::check

@@ -1,9 +1,9 @@
-#include "cli/nearest_name.hpp"
+#include "check/nearest_name.hpp"
 
 #include <algorithm>
 #include <vector>
 
-namespace korvat::cli {
+namespace korvat::check {
 
 std::size_t spelling_distance(std::string_view a, std::string_view b) {
     // Row i of the table: distances of the first i letters of a to each beginning of b.
@@ -42,4 +42,4 @@ std::optional<std::string> nearest_name(std::string_view written,
     return *nearest;
 }
 
-} // namespace korvat::cli
+} // namespace korvat::check

@@ -1,13 +1,13 @@
 // The name that a misspelt one probably meant.
-#include "cli/nearest_name.hpp"
+#include "check/nearest_name.hpp"
 
 #include <gtest/gtest.h>
 
 namespace korvat::test {
 namespace {
 
-using cli::nearest_name;
-using cli::spelling_distance;
+using check::nearest_name;
+using check::spelling_distance;
 
 TEST(SpellingDistance, CountsLettersAndSwaps) {
     EXPECT_EQ(spelling_distance("", ""), 0U);

@@ -1,0 +1,41 @@
+// Checks a deck: runs it and lets every rule look at it.
+#pragma once
+
+#include "check/deck_file.hpp"
+#include "check/finding.hpp"
+#include "check/settings.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvat::check {
+
+// The rules that are asked for, by their names.
+struct Selection {
+    std::vector<std::string> only; // none: all
+    std::vector<std::string> off;
+};
+
+// What the run made.
+struct Made {
+    std::size_t piles = 0;
+    std::size_t elements = 0;
+    std::size_t sections = 0; // tubes of composites included
+};
+
+struct CheckedDeck {
+    std::string file; // as it is shown
+    std::vector<std::string> lines;
+    std::optional<Made> made; // none where the run failed
+    Findings
+        findings; // those of the run first, then those that explain it, then the others by line
+    std::vector<SwitchedOff> off; // by the file beside the deck
+};
+
+[[nodiscard]] long count(const CheckedDeck& deck, Level level);
+
+// Raises CannotRead where the settings beside the deck are wrong, and what run_in_scratch raises.
+[[nodiscard]] CheckedDeck check_deck(const DeckFile& deck, const Selection& selection);
+
+} // namespace korvat::check
