@@ -81,6 +81,7 @@ std::string shown_line(const CheckedDeck& deck, const Place& place, const Palett
     std::string line = first_characters(
         printable(std::string_view(deck.lines[index]).substr(0, 4 * columns_shown)), columns_shown);
     line.erase(line.find_last_not_of(' ') + 1);
+    if (line.empty()) return ""; // nothing to be seen
     std::string text = "  " + line + "\n";
     if (place.column > 0 && place.column <= static_cast<int>(columns_shown)) {
         text += "  " + coloured(palette.caret, palette, marks(line, place)) + "\n";

@@ -72,7 +72,8 @@ TEST(DeckFile, AFileThatIsTooLarge) {
     directory.write_file("zeros", "");
     const std::filesystem::path path = directory.path() / "zeros";
     std::filesystem::resize_file(path, 1'000'000'000);
-    EXPECT_EQ(refusal(path.string()), path.string() + ": larger than 16 MB, more than is looked at");
+    EXPECT_EQ(refusal(path.string()),
+              path.string() + ": larger than 16 MB, more than is looked at");
 }
 
 // Whatever the bytes are: an error of the run, and nothing worse.

@@ -84,6 +84,16 @@ TEST(Format, InColour) {
         "8 piles, 412 elements, 1 section: 1 error, 0 warnings\n");
 }
 
+TEST(Format, ABlankLineIsNotShown) {
+    CheckedDeck deck = without_findings();
+    deck.lines = {"   "};
+    deck.findings = {{"record-count", Level::error, {1, 0, 0}, "missing", "Add it."}};
+    EXPECT_EQ(check::as_text({deck}, check::Colour::none),
+              "b:1: error: missing [record-count]\n"
+              "  Add it.\n"
+              "1 pile, 1 element, 2 sections: 1 error, 0 warnings\n");
+}
+
 // 120 columns of a line are shown.
 TEST(Format, ALongLineIsCut) {
     CheckedDeck deck = without_findings();
