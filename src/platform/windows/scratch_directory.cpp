@@ -55,9 +55,10 @@ public:
         const std::filesystem::path parent = std::filesystem::temp_directory_path();
         constexpr int most_attempts = 100;
         for (int i = 0; i < most_attempts; ++i) {
-            const unsigned long long moment = GetTickCount64() + static_cast<unsigned>(i);
+            LARGE_INTEGER moment; // in tenths of a microsecond or finer: a tick lasts 16 ms
+            QueryPerformanceCounter(&moment);
             path = parent / ("korvat-" + std::to_string(GetCurrentProcessId()) + "-" +
-                             std::to_string(moment));
+                             std::to_string(moment.QuadPart));
             if (std::filesystem::create_directory(path)) return; // else the name is taken
         }
         throw std::runtime_error("cannot make a directory in " + utf8_text(parent.native()));
