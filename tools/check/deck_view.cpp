@@ -239,13 +239,4 @@ std::string text_of(int value) {
     return std::to_string(value);
 }
 
-void report(Findings& findings, const Rule& rule, const Place& place, std::string message,
-            std::string remedy) {
-    findings.push_back({.rule = std::string(rule.name),
-                        .level = rule.level,
-                        .place = place,
-                        .message = std::move(message),
-                        .remedy = std::move(remedy)});
-}
-
 } // namespace korvat::check

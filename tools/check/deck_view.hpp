@@ -142,7 +142,4 @@ struct LoadVectorView {
 [[nodiscard]] std::string text_of(double value, int digits = 6);
 [[nodiscard]] std::string text_of(int value);
 
-void report(Findings& findings, const Rule& rule, const Place& place, std::string message,
-            std::string remedy);
-
 } // namespace korvat::check
