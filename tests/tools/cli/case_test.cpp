@@ -26,12 +26,10 @@ protected:
         return fs::path(KORVAT_EXAMPLES_DIR) / name;
     }
 
-    // Copies a file with a time of its last change, in seconds of our own.
+    // Copies a file and sets the time of its last change, in seconds from the start of the test.
     void put(const fs::path& file, const std::string& name, int time) const {
         scratch_.write_file(name, read_whole_file(file));
-        const fs::file_time_type zero{};
-        fs::last_write_time(path(name),
-                            zero + std::chrono::hours(24 * 365) + std::chrono::seconds(time));
+        fs::last_write_time(path(name), start_ + std::chrono::seconds(time));
     }
 
     // Every file below the scratch directory with its time and content.
@@ -71,6 +69,7 @@ protected:
     }
 
     ScratchDirectory scratch_;
+    fs::file_time_type start_ = fs::file_time_type::clock::now();
 };
 
 const std::string barge = "barge-impact";
