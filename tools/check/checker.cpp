@@ -3,7 +3,6 @@
 #include "check/layout.hpp"
 #include "check/read_outline.hpp"
 #include "check/rules.hpp"
-#include "check/scratch_run.hpp"
 #include "check/text.hpp"
 #include "platform/files.hpp"
 
@@ -54,17 +53,13 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
     std::ranges::stable_sort(std::span(deck.findings).subspan(about_the_run), {}, line_of);
 }
 
-} // namespace
-
-long count(const CheckedDeck& deck, Level level) {
-    return std::ranges::count(deck.findings, level, &Finding::level);
+CheckedDeck unchecked(const DeckFile& file) {
+    return {
+        .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
 }
 
-CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
-    CheckedDeck deck{
-        .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
-    if (!file.beside.empty()) deck.off = read_settings(file.beside);
-    const ScratchRun run = run_in_scratch(file.bytes);
+void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
+                 CheckedDeck& deck) {
     const Layout layout(deck.lines);
     const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout);
     const std::string stop = stop_of(run);
@@ -77,6 +72,25 @@ CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
                           .stop = stop,
                           .layout = &layout};
     look(subject, selection, deck);
+}
+
+} // namespace
+
+long count(const CheckedDeck& deck, Level level) {
+    return std::ranges::count(deck.findings, level, &Finding::level);
+}
+
+CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {
+    CheckedDeck deck = unchecked(file);
+    look_at_run(file, run, {.only = {"run-error"}, .off = {}}, deck);
+    return deck;
+}
+
+CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+    CheckedDeck deck = unchecked(file);
+    if (!file.beside.empty()) deck.off = read_settings(file.beside);
+    const ScratchRun run = run_in_scratch(file.bytes);
+    look_at_run(file, run, selection, deck);
     if (run.group) deck.made = made_of(*run.group);
     return deck;
 }
