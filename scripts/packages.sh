@@ -29,7 +29,7 @@ install_missing() {
 }
 
 build_packages=(g++ cmake ninja-build libcctbx-dev)
-tools_packages=(libcli11-dev nlohmann-json3-dev libtomlplusplus-dev python3)
+tools_packages=(libcli11-dev nlohmann-json3-dev libtomlplusplus-dev libxxhash-dev python3)
 test_packages=("${build_packages[@]}" "${tools_packages[@]}" zsh fish libgtest-dev clang-format clang-tidy python3 dpkg-dev groff-base
     python3-vtk9 python3-meshio python3-pandas python3-numpy python3-matplotlib python3-build python3-setuptools python3-wheel
     python3-pip mypy vim libonig5)

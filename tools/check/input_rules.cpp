@@ -15,9 +15,6 @@ namespace {
 
 using deck::RecordId;
 
-constexpr std::size_t record_width = 80; // columns that are read of a line with numbers
-constexpr std::size_t list_width = 120;  // in the cross sections of revision 5
-
 std::string_view line_of(const Subject& subject, int number) {
     const auto index = static_cast<std::size_t>(number) - 1;
     return number >= 1 && index < subject.lines.size() ? std::string_view(subject.lines[index])
@@ -71,33 +68,13 @@ void look_for_surplus(const Subject& subject, const Rule& rule, Findings& findin
     }
 }
 
-// The width of a line as the reader sees it; 0 where its text does not count.
-std::size_t width_of(const Layout& layout, int number) {
-    for (const Section& section : layout.sections()) {
-        if (number < section.lines.front().number || number > section.lines.back().number) continue;
-        const bool has_lists = section.id == SectionId::cross_sections && layout.revision() == 5;
-        return has_lists ? list_width : record_width;
-    }
-    return 0;
-}
-
-// The first token of a record that goes beyond a column. A remark in front of it makes it a remark too.
-std::optional<Token> token_beyond(std::string_view line, std::size_t width) {
-    if (line.size() <= width) return std::nullopt;
-    for (const Token& token : tokens(line, " \t,")) {
-        if (!looks_like_number(token.text)) return std::nullopt;
-        if (token.position + token.text.size() > width) return token;
-    }
-    return std::nullopt;
-}
-
 void look_for_width(const Subject& subject, const Rule& rule, Findings& findings) {
     const Layout& layout = *subject.layout;
     for (const DeckLine& line : layout.lines()) {
         if (line.text.size() <= record_width) continue; // most
-        const std::size_t width = width_of(layout, line.number);
+        const std::size_t width = layout.width_of_line(line.number);
         if (width == 0) continue;
-        const auto token = token_beyond(line.text, width);
+        const auto token = number_beyond(line.text, width);
         if (!token) continue;
         const std::string column = std::to_string(width);
         const std::string kept(token->text.substr(

@@ -121,6 +121,15 @@ std::vector<Token> leading_numbers(std::string_view line) {
     return all;
 }
 
+std::optional<Token> number_beyond(std::string_view line, std::size_t width) {
+    if (line.size() <= width) return std::nullopt;
+    for (const Token& token : tokens(line, " \t,")) {
+        if (!looks_like_number(token.text)) return std::nullopt;
+        if (token.position + token.text.size() > width) return token;
+    }
+    return std::nullopt;
+}
+
 int characters(std::string_view text) {
     const auto count = std::ranges::count_if(text, [](char c) { return !is_continuation(c); });
     return static_cast<int>(count);
