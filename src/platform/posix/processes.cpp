@@ -96,19 +96,26 @@ public:
             sigaddset(&open, signals[i]);
         }
         sigprocmask(SIG_UNBLOCK, &open, &mask_);
+        // To write into a closed pipe or beyond a limit is an error like any other.
+        action.sa_handler = SIG_IGN;
+        for (std::size_t i = 0; i < ignored.size(); ++i)
+            sigaction(ignored[i], &action, &before_ignored_[i]);
     }
     ~NotedSignals() {
         sigprocmask(SIG_SETMASK, &mask_, nullptr);
         for (std::size_t i = 0; i < signals.size(); ++i)
             sigaction(signals[i], &before_[i], nullptr);
+        for (std::size_t i = 0; i < ignored.size(); ++i)
+            sigaction(ignored[i], &before_ignored_[i], nullptr);
         waker = -1;
     }
     NotedSignals(const NotedSignals&) = delete;
     NotedSignals& operator=(const NotedSignals&) = delete;
 
-    static constexpr std::array signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP};
-
 private:
+    static constexpr std::array signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP};
+    static constexpr std::array ignored{SIGPIPE, SIGXFSZ};
+    std::array<struct sigaction, ignored.size()> before_ignored_{};
     std::array<struct sigaction, signals.size()> before_{};
     sigset_t mask_{};
 };
@@ -134,7 +141,7 @@ public:
         sigset_t none;
         sigemptyset(&none);
         sigset_t usual = none;
-        for (const int signal : {SIGCHLD, SIGINT, SIGTERM, SIGPIPE})
+        for (const int signal : {SIGCHLD, SIGINT, SIGTERM, SIGPIPE, SIGXFSZ})
             sigaddset(&usual, signal);
         posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK |
                                                    POSIX_SPAWN_SETSIGDEF);
