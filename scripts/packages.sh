@@ -37,4 +37,4 @@ picture_packages=(python3-vtk9 libgl1-mesa-dri xvfb xauth)
 windows_packages=("${build_packages[@]}" python3 googletest
     g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)
 bench_packages=("${build_packages[@]}" python3 time valgrind)
-fuzz_packages=("${build_packages[@]}" python3 clang libclang-rt-14-dev llvm-14)
+fuzz_packages=("${build_packages[@]}" nlohmann-json3-dev libtomlplusplus-dev python3 clang libclang-rt-14-dev llvm-14)
