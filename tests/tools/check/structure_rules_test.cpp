@@ -86,9 +86,8 @@ TEST(StructureRules, NumberedRecordsAgainstTheirCount) {
 
 // No pile is listed that the count has too many of: a count may be of billions.
 TEST(StructureRules, TheSegmentTableIsNotComparedWithMorePilesThanThereMayBe) {
-    const DeckText deck = good_deck()
-                              .with_changed(7, "3", "201")
-                              .with_changed(33, "3    2    2", "201  0    0");
+    const DeckText deck =
+        good_deck().with_changed(7, "3", "201").with_changed(33, "3    2    2", "201  0    0");
     EXPECT_EQ(found(deck, "record-count"),
               Texts{"40:0+0 pile tip/fix table: the table ends with number 3, but NUMPIL in line 7 "
                     "is 201"});
