@@ -5,6 +5,7 @@ schemas_test.py KORVAT KORVAT_TOOLS PROJECT SARIF_SCHEMA: runs the examples in a
 export, diff and check write of them, of the refused cases and of damaged files. Then every member of every kind of object is
 taken away, renamed and given a value of another type, and each time the schema must refuse it.
 """
+import collections
 import copy
 import json
 import pathlib
@@ -21,6 +22,8 @@ KORVAT, TOOLS, PROJECT, SARIF = (pathlib.Path(argument).resolve() for argument i
 SCHEMAS = PROJECT / "docs" / "schemas"
 EXAMPLES = sorted(path for path in (PROJECT / "examples").iterdir())
 CASES = sorted(path for path in (PROJECT / "tests" / "cases").iterdir() if (path / "KORVAT.INP").is_file())
+
+COUNTS = collections.Counter()  # what was validated, for the last line
 
 
 def validator(path):
@@ -67,6 +70,7 @@ class Results(unittest.TestCase):
     def accept(self, document, name):
         self.assertEqual(document["version"], 1)
         self.assertEqual(fault(schema_of(document), document), "", name)
+        COUNTS["documents"] += 1
         return document
 
     def test_dump_and_export_of_each_example(self):
@@ -166,6 +170,7 @@ class Findings(unittest.TestCase):
         document = self.told("json", self.decks)
         self.assertEqual((document["format"], document["version"]), ("korvat findings", 1))
         self.assertEqual(len(document["cases"]), len(self.decks))
+        COUNTS["decks"] += len(self.decks)
         self.assertEqual(fault(schema_of(document), document), "")
         for case in document["cases"]:
             levels = [finding["level"] for finding in case["findings"]]
@@ -245,23 +250,31 @@ def objects(value, shape=""):
 
 def refuse_mutants(test, check, document):
     """Fails where the schema accepts a document with a member less, a member too many, or one of no type."""
+
+    def refuse(what):
+        test.assertNotEqual(fault(check, document), "", what)
+        COUNTS["mutants"] += 1
+
     test.assertEqual(fault(check, document), "")
     for part in list(objects(document)):
         for name in list(part):
             members = dict(part)
             del part[name]
-            test.assertNotEqual(fault(check, document), "", f"without {name}: {part}")
+            refuse(f"without {name}: {part}")
             part[name] = {"": True}
-            test.assertNotEqual(fault(check, document), "", f"{name} is an object: {part}")
+            refuse(f"{name} is an object: {part}")
             part.clear()
             part.update(members)
         part["another"] = 1
-        test.assertNotEqual(fault(check, document), "", f"one member too many: {part}")
+        refuse(f"one member too many: {part}")
         del part["another"]
     test.assertEqual(fault(check, document), "")
+
 
 
 if __name__ == "__main__":
     if not SARIF.is_file():
         sys.exit(f"{SARIF} is missing: scripts/test installs it")
-    unittest.main(argv=sys.argv[:1])
+    tests = unittest.main(argv=sys.argv[:1], exit=False)
+    print(f"valid: {COUNTS['documents']} documents, the findings of {COUNTS['decks']} decks; refused: {COUNTS['mutants']} mutants")
+    sys.exit(not tests.result.wasSuccessful())
