@@ -57,7 +57,7 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
 } // namespace
 
 long count(const CheckedDeck& deck, Level level) {
-    return std::ranges::count(deck.findings, level, &Finding::level);
+    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
 }
 
 CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {

@@ -2,6 +2,7 @@
 
 #include "check/text.hpp"
 #include "platform/files.hpp"
+#include "platform/paths.hpp"
 
 #include <array>
 #include <cerrno>
@@ -29,23 +30,24 @@ std::string bytes_of(std::istream& stream, const std::string& shown) {
 }
 
 DeckFile read_file(const std::filesystem::path& path) {
-    const std::string shown = path.string();
+    const std::string shown = platform::name_of(path);
     errno = 0;
     std::ifstream stream(path, std::ios::binary);
     if (!stream) throw CannotRead(shown + ": " + platform::error_text(errno));
     std::filesystem::path directory = path.parent_path();
     if (directory.empty()) directory = ".";
-    return {shown, path.filename().string(), directory, bytes_of(stream, shown)};
+    return {shown, platform::name_of(path.filename()), directory, bytes_of(stream, shown)};
 }
 
 // The name of a directory's deck, if in other letters.
 std::filesystem::path deck_in(const std::filesystem::path& directory) {
     std::string other;
-    for (const std::string& name : platform::directory_entries(directory.string())) {
+    for (const std::string& name : platform::directory_entries(platform::name_of(directory))) {
         if (name == deck_name) return directory / name;
         if (lower_case(name) == lower_case(deck_name)) other = name;
     }
-    if (other.empty()) throw CannotRead(directory.string() + ": no KORVAT.INP in this directory");
+    if (other.empty())
+        throw CannotRead(platform::name_of(directory) + ": no KORVAT.INP in this directory");
     return directory / other;
 }
 
@@ -53,7 +55,7 @@ std::filesystem::path deck_in(const std::filesystem::path& directory) {
 
 DeckFile read_deck(const std::string& argument) {
     if (argument == "-") return {"<stdin>", "", {}, bytes_of(std::cin, "<stdin>")};
-    const std::filesystem::path path(argument);
+    const std::filesystem::path path = platform::path_of(argument);
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     if (!std::filesystem::exists(status)) throw CannotRead(argument + ": " + error.message());

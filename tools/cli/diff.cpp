@@ -2,6 +2,7 @@
 #include "cli/commands.hpp"
 #include "cli/difference_text.hpp"
 #include "cli/result_input.hpp"
+#include "platform/paths.hpp"
 
 #include <cmath>
 #include <filesystem>
@@ -40,13 +41,13 @@ void refuse_damage(const std::string& name, const std::optional<group::Damage>& 
 }
 
 Side read_directory(const std::string& name) {
-    const fs::path directory(name);
+    const fs::path directory = platform::path_of(name);
     if (!fs::exists(directory / "PILE.07")) {
         throw Refusal(name + ": there is no PILE.07; run korvat first");
     }
     group::ResultReading reading = group::read_group(directory);
-    refuse_damage((directory / "PILE.07").string(), reading.pile_damage);
-    refuse_damage((directory / "LOAD.09").string(), reading.load_damage);
+    refuse_damage(platform::name_of(directory / "PILE.07"), reading.pile_damage);
+    refuse_damage(platform::name_of(directory / "LOAD.09"), reading.load_damage);
     return {std::move(reading.group), false};
 }
 
@@ -69,8 +70,9 @@ Side read_file(const std::string& name) {
 Side read_side(const std::string& name) {
     std::error_code unknown; // what cannot be asked, reading shows
     try {
-        return name != "-" && fs::is_directory(name, unknown) ? read_directory(name)
-                                                              : read_file(name);
+        return name != "-" && fs::is_directory(platform::path_of(name), unknown)
+                   ? read_directory(name)
+                   : read_file(name);
     } catch (const std::system_error& error) {
         throw Refusal(unreadable_text(name, error));
     }

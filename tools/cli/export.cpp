@@ -7,6 +7,7 @@
 #include "export/vtu.hpp"
 #include "group/load_file.hpp"
 #include "group/pile_file.hpp"
+#include "platform/paths.hpp"
 
 #include <algorithm>
 #include <array>
@@ -45,7 +46,7 @@ private:
 };
 
 Failure system_failure(const fs::path& path, const std::error_code& reason) {
-    return {exit_code::wrong_use, path.string() + ": " + reason.message()};
+    return {exit_code::wrong_use, platform::name_of(path) + ": " + reason.message()};
 }
 
 std::string read_file(const fs::path& path) {
@@ -64,8 +65,8 @@ std::string read_file(const fs::path& path) {
 
 void refuse_damage(const fs::path& path, const std::optional<group::Damage>& damage) {
     if (!damage) return;
-    throw Failure(exit_code::found, path.string() + ": byte " + std::to_string(damage->offset) +
-                                        ": " + damage->reason);
+    throw Failure(exit_code::found, platform::name_of(path) + ": byte " +
+                                        std::to_string(damage->offset) + ": " + damage->reason);
 }
 
 // Whether bytes begin as a PILE.07 does: with the date or the label, or as that of a run that failed. A deck
@@ -83,7 +84,8 @@ group::Group read_group(const fs::path& path) {
     const std::string bytes = read_file(path);
     if (path.filename() != "PILE.07" && !begins_as_pile_file(bytes)) {
         throw Failure(exit_code::wrong_use,
-                      path.string() + " is no PILE.07; if it is a deck, run korvat first");
+                      platform::name_of(path) +
+                          " is no PILE.07; if it is a deck, run korvat first");
     }
     group::GroupReading reading = group::read_pile(bytes);
     refuse_damage(path, reading.damage);
@@ -95,7 +97,7 @@ void read_loads(const fs::path& path, group::Group& group) {
     refuse_damage(path, reading.damage);
     group.load_vectors = std::move(reading.vectors);
     if (const auto stray = exporting::stray_load(group))
-        throw Failure(exit_code::found, path.string() + ": " + *stray);
+        throw Failure(exit_code::found, platform::name_of(path) + ": " + *stray);
 }
 
 // A directory with the files of a run, or a PILE.07, which stands for itself: a LOAD.09 beside it may
@@ -107,11 +109,12 @@ group::Group read_case(const fs::path& from) {
     if (status.type() == fs::file_type::not_found || status.type() == fs::file_type::none)
         throw system_failure(from, error);
     if (status.type() != fs::file_type::directory) {
-        throw Failure(exit_code::wrong_use, from.string() + " is neither a file nor a directory");
+        throw Failure(exit_code::wrong_use,
+                      platform::name_of(from) + " is neither a file nor a directory");
     }
     if (!fs::is_regular_file(from / "PILE.07", error)) {
         throw Failure(exit_code::wrong_use,
-                      "there is no PILE.07 in " + from.string() + "; run korvat first");
+                      "there is no PILE.07 in " + platform::name_of(from) + "; run korvat first");
     }
     group::Group group = read_group(from / "PILE.07");
     if (fs::exists(from / "LOAD.09", error)) read_loads(from / "LOAD.09", group);
@@ -126,6 +129,9 @@ std::vector<ExportedFile> files_of(const group::Group& group, const std::string&
 }
 
 void write_file(const fs::path& path, const std::string& content) {
+    std::error_code unknown;             // what cannot be asked, writing shows
+    if (fs::is_directory(path, unknown)) // Windows would only say that it is not permitted
+        throw system_failure(path, std::make_error_code(std::errc::is_a_directory));
     std::ofstream stream(path, std::ios::binary | std::ios::trunc);
     stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     stream.close();
@@ -134,7 +140,7 @@ void write_file(const fs::path& path, const std::string& content) {
 
 // All files are made before the first one is written.
 void export_case(const Wishes& wishes) {
-    const group::Group group = read_case(wishes.from);
+    const group::Group group = read_case(platform::path_of(wishes.from));
     std::vector<ExportedFile> files;
     for (const std::string& format : wishes.formats) {
         for (ExportedFile& file : files_of(group, format)) {
@@ -142,13 +148,13 @@ void export_case(const Wishes& wishes) {
                 files.push_back(std::move(file));
         }
     }
-    const fs::path directory = wishes.directory;
+    const fs::path directory = platform::path_of(wishes.directory);
     std::error_code error;
     fs::create_directories(directory, error);
     if (error) throw system_failure(directory, error);
     for (const ExportedFile& file : files) {
         write_file(directory / file.name, file.content);
-        std::cout << (directory / file.name).string() << '\n';
+        std::cout << platform::name_of(directory / file.name) << '\n';
     }
 }
 
