@@ -9,7 +9,8 @@
 namespace korvat::test {
 namespace {
 
-const std::string awkward = "S\u00fcd mole \u96ea"; // a letter of two bytes in UTF-8, and one of three
+const std::string awkward =
+    "S\u00fcd mole \u96ea"; // a letter of two bytes in UTF-8, and one of three
 
 TEST(Paths, ANameIsUtf8) {
     EXPECT_EQ(platform::path_of(awkward).filename(),

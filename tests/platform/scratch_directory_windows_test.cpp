@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <optional>
+#include <stdexcept>
 #include <windows.h>
 
 namespace korvat::test {
@@ -46,9 +47,21 @@ private:
     PHANDLER_ROUTINE routine_;
 };
 
+// A console that no other process has: an interrupt goes to all of them.
+class OwnConsole {
+public:
+    OwnConsole() {
+        FreeConsole();
+        if (AllocConsole() == 0) throw std::runtime_error("no console");
+    }
+    ~OwnConsole() { FreeConsole(); }
+    OwnConsole(const OwnConsole&) = delete;
+    OwnConsole& operator=(const OwnConsole&) = delete;
+};
+
 TEST(ScratchDirectory, AnInterruptWaitsUntilItIsGone) {
     constexpr DWORD most_milliseconds = 20'000;
-    const bool has_own_console = AllocConsole() != 0; // fails where there is one already
+    const OwnConsole console;
     const Handle asked(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     const Handle ended(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     Seen what{asked.get(), ended.get(), {}, true};
@@ -59,7 +72,7 @@ TEST(ScratchDirectory, AnInterruptWaitsUntilItIsGone) {
             std::optional<platform::ScratchDirectory> directory(std::in_place);
             what.directory = directory->path();
             const Handler first(note_request);
-            ASSERT_NE(GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0), 0);
+            ASSERT_NE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0), 0);
             ASSERT_EQ(WaitForSingleObject(asked.get(), most_milliseconds), WAIT_OBJECT_0);
             EXPECT_TRUE(std::filesystem::exists(what.directory));
             directory.reset();
@@ -67,7 +80,6 @@ TEST(ScratchDirectory, AnInterruptWaitsUntilItIsGone) {
         EXPECT_EQ(WaitForSingleObject(ended.get(), most_milliseconds), WAIT_OBJECT_0);
     }
     EXPECT_FALSE(what.is_there);
-    if (has_own_console) FreeConsole();
 }
 
 } // namespace
