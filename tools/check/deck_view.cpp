@@ -1,6 +1,7 @@
 #include "check/deck_view.hpp"
 
-#include <charconv>
+#include "check/text.hpp"
+
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -220,32 +221,6 @@ double length_factor(const Subject& subject) {
 std::string name_of(const TubeView& tube) {
     const std::string section = "section " + text_of(tube.section);
     return tube.tube == 0 ? section : "tube " + text_of(tube.tube) + " of " + section;
-}
-
-std::string text_of(double value, int digits) {
-    std::array<char, 32> buffer{};
-    const double shown = value == 0.0 ? 0.0 : value; // without the sign of a zero
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), shown,
-                                   std::chars_format::general, digits);
-    std::string text(buffer.data(), end.ptr);
-    const std::size_t exponent = text.find('e');
-    if (exponent == std::string::npos) return text;
-    const bool is_negative = text[exponent + 1] == '-';
-    const std::size_t first = text.find_first_not_of('0', exponent + 2);
-    return text.substr(0, exponent) + (is_negative ? "E-" : "E") + text.substr(first);
-}
-
-std::string text_of(int value) {
-    return std::to_string(value);
-}
-
-void report(Findings& findings, const Rule& rule, const Place& place, std::string message,
-            std::string remedy) {
-    findings.push_back({.rule = std::string(rule.name),
-                        .level = rule.level,
-                        .place = place,
-                        .message = std::move(message),
-                        .remedy = std::move(remedy)});
 }
 
 } // namespace korvat::check

@@ -138,11 +138,4 @@ struct LoadVectorView {
 // How a message names a tube: "section 3", "tube 2 of section 3".
 [[nodiscard]] std::string name_of(const TubeView& tube);
 
-// A value as a message shows it: up to that many digits, "2.1E8".
-[[nodiscard]] std::string text_of(double value, int digits = 6);
-[[nodiscard]] std::string text_of(int value);
-
-void report(Findings& findings, const Rule& rule, const Place& place, std::string message,
-            std::string remedy);
-
 } // namespace korvat::check

@@ -1,5 +1,7 @@
 // Division of the piles into elements.
 #include "check/deck_view.hpp"
+#include "check/tell.hpp"
+#include "check/text.hpp"
 #include "check/thresholds.hpp"
 
 #include <algorithm>
@@ -99,7 +101,7 @@ void each_type(const std::vector<SegmentedPile>& piles, const Look& look) {
 }
 
 std::string elements_of(const PileSegment& segment) {
-    return "The elements of segment type " + text_of(segment.segment->number) + " are " +
+    return "the elements of segment type " + text_of(segment.segment->number) + " are " +
            text_of(segment.element_length) + " long, ";
 }
 
@@ -111,10 +113,9 @@ void look_for_long_elements(const Subject& subject, const Rule& rule, Findings& 
         if (ratio <= threshold::longest_element) return;
         const int count = segment.segment->elements;
         const double enough = at_least(ratio * count / threshold::longest_element);
-        report(findings, rule, place_of(segment.segment->row, 5),
-               elements_of(segment) + text_of(ratio, 3) + " times the diameter " +
-                   text_of(diameter) + ".",
-               "Give the segment at least " + text_of(enough) + " elements.");
+        tell(findings, rule, place_of(segment.segment->row, 5),
+             elements_of(segment) + text_of(ratio, 3) + " times the diameter " + text_of(diameter),
+             "Give the segment at least " + text_of(enough) + " elements.");
     });
 }
 
@@ -126,12 +127,11 @@ void look_for_short_elements(const Subject& subject, const Rule& rule, Findings&
         if (ratio >= threshold::shortest_element) return;
         const int count = segment.segment->elements;
         const double enough = at_most(ratio * count / threshold::shortest_element);
-        report(findings, rule, place_of(segment.segment->row, 5),
-               elements_of(segment) + text_of(ratio, 3) + " times the diameter " +
-                   text_of(diameter) + ".",
-               enough < count
-                   ? "Give the segment at most " + text_of(enough) + " elements."
-                   : "Join the segment with its neighbour, unless it is as short as that.");
+        tell(findings, rule, place_of(segment.segment->row, 5),
+             elements_of(segment) + text_of(ratio, 3) + " times the diameter " + text_of(diameter),
+             enough < count
+                 ? "Give the segment at most " + text_of(enough) + " elements."
+                 : "Join the segment with its neighbour, unless it is as short as that.");
     });
 }
 
@@ -142,11 +142,11 @@ void look_for_single_elements(const Subject& subject, const Rule& rule, Findings
         const double diameter = segment.least_diameter();
         const double ratio = segment.element_length / diameter;
         if (!is_single(pile) || ratio <= threshold::longest_element) continue;
-        report(findings, rule, place_of(pile.list->row, segment.item),
-               "Pile " + text_of(pile.pile->number) + " is " + text_of(segment.element_length) +
-                   " long, " + text_of(ratio, 3) + " times its diameter, and has one element.",
-               "Give segment type " + text_of(segment.segment->number) + " at least " +
-                   text_of(at_least(ratio / threshold::longest_element)) + " elements.");
+        tell(findings, rule, place_of(pile.list->row, segment.item),
+             "pile " + text_of(pile.pile->number) + " is " + text_of(segment.element_length) +
+                 " long, " + text_of(ratio, 3) + " times its diameter, and has one element",
+             "Give segment type " + text_of(segment.segment->number) + " at least " +
+                 text_of(at_least(ratio / threshold::longest_element)) + " elements.");
     }
 }
 
@@ -173,13 +173,13 @@ void look_at_neighbours(const Subject& subject, const Rule& rule, Findings& find
         // The quotients of length and number of elements are rounded.
         constexpr double rounding = 1.0e-9;
         if (ratio <= threshold::neighbour_ratio * (1.0 + rounding)) return;
-        report(findings, rule, place_of(pile.list->row, lower.item),
-               "In pile " + text_of(pile.pile->number) + " elements of " +
-                   text_of(upper.element_length) + " (segment type " +
-                   text_of(upper.segment->number) + ") meet elements of " +
-                   text_of(lower.element_length) + " (segment type " +
-                   text_of(lower.segment->number) + "), a ratio of " + text_of(ratio, 3) + ".",
-               "Change the numbers of elements until neighbours differ by no more than 3.");
+        tell(findings, rule, place_of(pile.list->row, lower.item),
+             "in pile " + text_of(pile.pile->number) + " elements of " +
+                 text_of(upper.element_length) + " (segment type " +
+                 text_of(upper.segment->number) + ") meet elements of " +
+                 text_of(lower.element_length) + " (segment type " +
+                 text_of(lower.segment->number) + "), a ratio of " + text_of(ratio, 3),
+             "Change the numbers of elements until neighbours differ by no more than 3.");
     });
 }
 
@@ -196,12 +196,12 @@ void look_for_many_elements(const Subject& subject, const Rule& rule, Findings& 
         }
         const bool is_fine = lengths < threshold::fine_element * diameters;
         if (count <= threshold::many_elements || !is_fine) continue;
-        report(findings, rule, place_of(pile.list->row, 2),
-               "Pile " + text_of(pile.pile->number) + " has " + text_of(count) +
-                   " elements, on average " + text_of(lengths / diameters, 3) +
-                   " times the diameter long.",
-               "Elements of half a diameter would do: they make " +
-                   text_of(at_least(2.0 * lengths * count / diameters)) + ".");
+        tell(findings, rule, place_of(pile.list->row, 2),
+             "pile " + text_of(pile.pile->number) + " has " + text_of(count) +
+                 " elements, on average " + text_of(lengths / diameters, 3) +
+                 " times the diameter long",
+             "Elements of half a diameter would do: they make " +
+                 text_of(at_least(2.0 * lengths * count / diameters)) + ".");
     }
 }
 
@@ -233,15 +233,14 @@ void look_at_steps(const Subject& subject, const Rule& rule, Findings& findings)
                 const double start = first->*compared.value;
                 const double end = last->*compared.value;
                 if (own == nullptr || is_between(own->*compared.value, start, end)) continue;
-                report(findings, rule, place_of(type.row, 3),
-                       "Segment type " + text_of(type.number) + " steps from section " +
-                           text_of(type.first_section) + " to " + text_of(type.last_section) +
-                           " by way of section " + text_of(element.section) + ", whose " +
-                           std::string(compared.name) + " " + text_of(own->*compared.value) +
-                           " is not between theirs, " + text_of(start) + " and " + text_of(end) +
-                           ".",
-                       "Number the sections so that those between the two fit, or use a segment "
-                       "type for each.");
+                tell(findings, rule, place_of(type.row, 3),
+                     "segment type " + text_of(type.number) + " steps from section " +
+                         text_of(type.first_section) + " to " + text_of(type.last_section) +
+                         " by way of section " + text_of(element.section) + ", whose " +
+                         std::string(compared.name) + " " + text_of(own->*compared.value) +
+                         " is not between theirs, " + text_of(start) + " and " + text_of(end),
+                     "Number the sections so that those between the two fit, or use a segment "
+                     "type for each.");
                 return;
             }
         }
@@ -254,20 +253,19 @@ void look_at_stiffness_jumps(const Subject& subject, const Rule& rule, Findings&
         const group::Section* const section = section_numbered(*subject.group, element.section);
         return section != nullptr ? section->bending_stiffness : 0.0;
     };
-    each_joint(division.piles(),
-               [&](const SegmentedPile& pile, const PileSegment& upper, const PileSegment& lower) {
-                   const double above = stiffness(upper.elements.back());
-                   const double below = stiffness(lower.elements.front());
-                   const auto [less, more] = std::minmax(above, below);
-                   if (less <= 0.0 || more <= threshold::stiffness_jump * less) return;
-                   report(findings, rule, place_of(pile.list->row, lower.item),
-                          "In pile " + text_of(pile.pile->number) +
-                              " the bending stiffness changes from " + text_of(above) + " to " +
-                              text_of(below) + ", a ratio of " + text_of(more / less, 3) +
-                              ", where segment type " + text_of(lower.segment->number) +
-                              " follows type " + text_of(upper.segment->number) + ".",
-                          "Check the sections of both, and the order of the segment types.");
-               });
+    each_joint(division.piles(), [&](const SegmentedPile& pile, const PileSegment& upper,
+                                     const PileSegment& lower) {
+        const double above = stiffness(upper.elements.back());
+        const double below = stiffness(lower.elements.front());
+        const auto [less, more] = std::minmax(above, below);
+        if (less <= 0.0 || more <= threshold::stiffness_jump * less) return;
+        tell(findings, rule, place_of(pile.list->row, lower.item),
+             "in pile " + text_of(pile.pile->number) + " the bending stiffness changes from " +
+                 text_of(above) + " to " + text_of(below) + ", a ratio of " +
+                 text_of(more / less, 3) + ", where segment type " +
+                 text_of(lower.segment->number) + " follows type " + text_of(upper.segment->number),
+             "Check the sections of both, and the order of the segment types.");
+    });
 }
 
 constexpr Rule rules[] = {

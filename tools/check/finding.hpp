@@ -22,8 +22,8 @@ struct Finding {
     std::string rule; // its short name
     Level level = Level::warning;
     Place place;
-    std::string message; // what is wrong, one sentence with its numbers
-    std::string remedy;  // what to do, one sentence
+    std::string message; // what is wrong with its numbers: no capital in front, no stop at the end
+    std::string remedy;  // what to do, in whole sentences
 
     bool operator==(const Finding&) const = default;
 };

@@ -1,6 +1,8 @@
 // Piles in space.
 #include "check/clearance.hpp"
 #include "check/deck_view.hpp"
+#include "check/tell.hpp"
+#include "check/text.hpp"
 #include "check/thresholds.hpp"
 
 #include <algorithm>
@@ -60,7 +62,7 @@ void each_pair(const Subject& subject, const Look& look) {
 }
 
 std::string both(const group::Pile& a, const group::Pile& b) {
-    return "Piles " + text_of(a.number) + " and " + text_of(b.number);
+    return "piles " + text_of(a.number) + " and " + text_of(b.number);
 }
 
 // What is rounding beside the sizes of piles counts as 0.
@@ -79,32 +81,32 @@ void look_for_clashes(const Subject& subject, const Rule& rule, Findings& findin
         if (part_from_one_head(a, b) || (heads_coincide(a, b) && tips_coincide(a, b))) return;
         const auto nearest = least_clearance(a, b);
         if (!nearest || nearest->gap >= -threshold::overlap_rounding * nearest->radii) return;
-        report(findings, rule, place_of(pile_row(subject, b.number), 1),
-               both(a, b) + " overlap by " + text_of(-nearest->gap, 3) +
-                   " at z = " + text_of(without_noise(nearest->z), 4) + ": their axes are " +
-                   text_of(without_noise(nearest->gap + nearest->radii), 4) +
-                   " apart and their radii add up to " + text_of(nearest->radii, 4) + ".",
-               "Move a head or a tip, or change a batter, until they pass each other.");
+        tell(findings, rule, place_of(pile_row(subject, b.number), 1),
+             both(a, b) + " overlap by " + text_of(-nearest->gap, 3) +
+                 " at z = " + text_of(without_noise(nearest->z), 4) + ": their axes are " +
+                 text_of(without_noise(nearest->gap + nearest->radii), 4) +
+                 " apart and their radii add up to " + text_of(nearest->radii, 4),
+             "Move a head or a tip, or change a batter, until they pass each other.");
     });
 }
 
 void look_for_equal_heads(const Subject& subject, const Rule& rule, Findings& findings) {
     each_pair(subject, [&](const group::Pile& a, const group::Pile& b) {
         if (!heads_coincide(a, b) || tips_coincide(a, b) || are_fixed_together(a, b)) return;
-        report(findings, rule, place_of(pile_row(subject, b.number), 1),
-               both(a, b) + " have the same head, " + shown(head_of(b)) +
-                   ", and are not fixed to the same pile.",
-               "Move one of them, or fix both to one dummy pile if they meet on purpose.");
+        tell(findings, rule, place_of(pile_row(subject, b.number), 1),
+             both(a, b) + " have the same head, " + shown(head_of(b)) +
+                 ", and are not fixed to the same pile",
+             "Move one of them, or fix both to one dummy pile if they meet on purpose.");
     });
 }
 
 void look_for_equal_piles(const Subject& subject, const Rule& rule, Findings& findings) {
     each_pair(subject, [&](const group::Pile& a, const group::Pile& b) {
         if (!heads_coincide(a, b) || !tips_coincide(a, b)) return;
-        report(findings, rule, place_of(pile_row(subject, b.number), 1),
-               both(a, b) + " have the same head, " + shown(head_of(b)) + ", and the same tip, " +
-                   shown(tip_of(b)) + ".",
-               "Take one of them out; a pile on the mirror plane is its own mirror.");
+        tell(findings, rule, place_of(pile_row(subject, b.number), 1),
+             both(a, b) + " have the same head, " + shown(head_of(b)) + ", and the same tip, " +
+                 shown(tip_of(b)),
+             "Take one of them out; a pile on the mirror plane is its own mirror.");
     });
 }
 
@@ -114,15 +116,15 @@ void look_at_tips_above_heads(const Subject& subject, const Rule& rule, Findings
         if (pile.tip[2] >= pile.head[2] - rounding) continue;
         const std::string number = text_of(pile.number);
         if (pile.is_given()) {
-            report(findings, rule, place_of(pile.row, 9),
-                   "The tip of pile " + number + " at z = " + text_of(pile.tip[2]) +
-                       " is above its head at z = " + text_of(pile.head[2]) + ".",
-                   "Exchange head and tip, or change the sign of z: +z points downwards.");
+            tell(findings, rule, place_of(pile.row, 9),
+                 "the tip of pile " + number + " at z = " + text_of(pile.tip[2]) +
+                     " is above its head at z = " + text_of(pile.head[2]),
+                 "Exchange head and tip, or change the sign of z: +z points downwards.");
         } else {
-            report(findings, rule, place_of(pile.row, 9),
-                   "The z of the tip of pile " + number + ", " + text_of(pile.tip[2]) +
-                       ", is less than the z of its shift, " + text_of(pile.head[2]) + ".",
-                   "Repeat the z of the shift as the z of the tip, which is not used otherwise.");
+            tell(findings, rule, place_of(pile.row, 9),
+                 "the z of the tip of pile " + number + ", " + text_of(pile.tip[2]) +
+                     ", is less than the z of its shift, " + text_of(pile.head[2]),
+                 "Repeat the z of the shift as the z of the tip, which is not used otherwise.");
         }
     }
 }
@@ -161,10 +163,10 @@ void look_for_exchanged_axes(const Subject& subject, const Rule& rule, Findings&
         const Run run(pile);
         if (!run.is_flat() || !run.is_steep_exchanged()) continue;
         const bool is_x = run.x >= run.y;
-        report(findings, rule, place_of(pile.row, is_x ? 7 : 8),
-               "Pile " + text_of(pile.number) + " runs " + text_of(std::max(run.x, run.y)) +
-                   " in " + (is_x ? "x" : "y") + " and only " + text_of(run.down) + " downwards.",
-               std::string("Check whether ") + (is_x ? "x" : "y") + " and z are exchanged.");
+        tell(findings, rule, place_of(pile.row, is_x ? 7 : 8),
+             "pile " + text_of(pile.number) + " runs " + text_of(std::max(run.x, run.y)) + " in " +
+                 (is_x ? "x" : "y") + " and only " + text_of(run.down) + " downwards",
+             std::string("Check whether ") + (is_x ? "x" : "y") + " and z are exchanged.");
     }
 }
 
@@ -172,10 +174,10 @@ void look_for_flat_piles(const Subject& subject, const Rule& rule, Findings& fin
     for (const PileView& pile : given_piles(subject)) {
         const Run run(pile);
         if (!run.is_flat() || run.is_steep_exchanged()) continue;
-        report(findings, rule, place_of(pile.row, 9),
-               "Pile " + text_of(pile.number) + " runs " + text_of(run.horizontal()) +
-                   " horizontally and " + text_of(run.down) + " downwards, flatter than 1:1.",
-               "Check head and tip.");
+        tell(findings, rule, place_of(pile.row, 9),
+             "pile " + text_of(pile.number) + " runs " + text_of(run.horizontal()) +
+                 " horizontally and " + text_of(run.down) + " downwards, flatter than 1:1",
+             "Check head and tip.");
     }
 }
 
@@ -192,11 +194,11 @@ void look_at_cap_points(const Subject& subject, const Rule& rule, Findings& find
         }
         const double z = head_of(cap)[2];
         if (count == 0 || z <= lowest) continue;
-        report(findings, rule, place_of(pile_row(subject, cap.number), 6),
-               "Pile " + text_of(cap.number) + ", to which " + text_of(count) +
-                   (count == 1 ? " pile is" : " piles are") + " fixed, is at z = " + text_of(z) +
-                   ", below the lowest of their heads at z = " + text_of(lowest) + ".",
-               "Check the sign of z: +z points downwards, and a cap is above its piles.");
+        tell(findings, rule, place_of(pile_row(subject, cap.number), 6),
+             "pile " + text_of(cap.number) + ", to which " + text_of(count) +
+                 (count == 1 ? " pile is" : " piles are") + " fixed, is at z = " + text_of(z) +
+                 ", below the lowest of their heads at z = " + text_of(lowest),
+             "Check the sign of z: +z points downwards, and a cap is above its piles.");
     }
 }
 
@@ -214,10 +216,10 @@ void look_at_mirrors(const Subject& subject, const Rule& rule, Findings& finding
             const double used = (i < 3 ? head[i] : tip[i - 3]) / factor;
             const double rounding = threshold::length_difference * (1.0 + std::abs(used));
             if (given == 0.0 || std::abs(given - used) <= rounding) continue;
-            report(findings, rule, place_of(pile.row, i + 4),
-                   "Pile " + text_of(pile.number) + " is a mirror of pile " + text_of(pile.source) +
-                       ": its coordinate " + text_of(given) + " is not used.",
-                   "Give zeros; for a mirror that is shifted too, give the pile itself.");
+            tell(findings, rule, place_of(pile.row, i + 4),
+                 "pile " + text_of(pile.number) + " is a mirror of pile " + text_of(pile.source) +
+                     ": its coordinate " + text_of(given) + " is not used",
+                 "Give zeros; for a mirror that is shifted too, give the pile itself.");
             break;
         }
     }
@@ -236,11 +238,11 @@ void look_at_shifts(const Subject& subject, const Rule& rule, Findings& findings
             continue;
         const double z = source->head[2];
         if (z == 0.0 || pile.head[2] != z) continue;
-        report(findings, rule, place_of(pile.row, 6),
-               "Pile " + text_of(pile.number) + " is shifted by z = " + text_of(z) +
-                   ", which is the z of the head of its source, pile " + text_of(source->number) +
-                   ": its head is at z = " + text_of(2.0 * z) + ".",
-               "Give the shift from the source, not the coordinates of the head.");
+        tell(findings, rule, place_of(pile.row, 6),
+             "pile " + text_of(pile.number) + " is shifted by z = " + text_of(z) +
+                 ", which is the z of the head of its source, pile " + text_of(source->number) +
+                 ": its head is at z = " + text_of(2.0 * z),
+             "Give the shift from the source, not the coordinates of the head.");
     }
 }
 
@@ -252,11 +254,11 @@ void look_for_copies_of_copies(const Subject& subject, const Rule& rule, Finding
         if (!is_copy(pile) || source == nullptr || !is_copy(*source)) continue;
         const Point shift = {pile.head[0] + source->head[0], pile.head[1] + source->head[1],
                              pile.head[2] + source->head[2]};
-        report(findings, rule, place_of(pile.row, 2),
-               "Pile " + text_of(pile.number) + " is a copy of pile " + text_of(source->number) +
-                   ", itself a copy of pile " + text_of(source->source) +
-                   ": the shifts add up to " + shown(shift) + ".",
-               "Check the shift, or copy pile " + text_of(source->source) + " itself.");
+        tell(findings, rule, place_of(pile.row, 2),
+             "pile " + text_of(pile.number) + " is a copy of pile " + text_of(source->number) +
+                 ", itself a copy of pile " + text_of(source->source) + ": the shifts add up to " +
+                 shown(shift),
+             "Check the shift, or copy pile " + text_of(source->source) + " itself.");
     }
 }
 
@@ -274,11 +276,11 @@ void look_at_pile_lengths(const Subject& subject, const Rule& rule, Findings& fi
         const double length = distance(pile.head, pile.tip);
         const double part = sum > 0.0 ? std::abs(length - sum) / sum : 0.0;
         if (part <= threshold::length_difference || part > refused) continue;
-        report(findings, rule, place_of(pile.row, 9),
-               "Pile " + text_of(pile.number) + " is " + text_of(length) +
-                   " long from head to tip and its segments " + text_of(sum) + ": " +
-                   text_of(100.0 * part, 2) + " % apart, where more than 0.1 % is an error.",
-               "Move the tip, or give the last segment the rest of the length.");
+        tell(findings, rule, place_of(pile.row, 9),
+             "pile " + text_of(pile.number) + " is " + text_of(length) +
+                 " long from head to tip and its segments " + text_of(sum) + ": " +
+                 text_of(100.0 * part, 2) + " % apart, where more than 0.1 % is an error",
+             "Move the tip, or give the last segment the rest of the length.");
     }
 }
 
@@ -289,11 +291,11 @@ void look_at_dummies(const Subject& subject, const Rule& rule, Findings& finding
         const PileView* const pile = numbered(list, table.pile);
         if (pile == nullptr || !table.types.empty()) continue;
         if (distance(pile->head, pile->tip) <= rounding) continue;
-        report(findings, rule, place_of(table.row, 2),
-               "Pile " + text_of(pile->number) +
-                   " has no segments and becomes a dummy pile, but its tip is " +
-                   text_of(distance(pile->head, pile->tip)) + " from its head.",
-               "List its segment types; for a dummy pile, repeat the head as the tip.");
+        tell(findings, rule, place_of(table.row, 2),
+             "pile " + text_of(pile->number) +
+                 " has no segments and becomes a dummy pile, but its tip is " +
+                 text_of(distance(pile->head, pile->tip)) + " from its head",
+             "List its segment types; for a dummy pile, repeat the head as the tip.");
     }
 }
 

@@ -251,8 +251,8 @@ std::string range_of(const Gap& gap, std::size_t item) {
     const double made = gap.last - gap.first + 1;
     const double start = gap.before->numbers[item].value;
     const double step = (gap.behind->numbers[item].value - start) / made;
-    const std::string first = shown(start + step * 0.5);
-    const std::string last = shown(start + step * (made - 0.5));
+    const std::string first = text_of(start + step * 0.5);
+    const std::string last = text_of(start + step * (made - 0.5));
     return first == last ? first : first + " to " + last;
 }
 
@@ -327,7 +327,7 @@ void look_for_rounding(const Subject& subject, const Rule& rule, Findings& findi
             if (!is_whole_item(row.id, i) || is_whole(value)) continue;
             tell(
                 findings, rule, place_of(&row, i),
-                shown(value) + " stands for a whole number and is read as " +
+                text_of(value) + " stands for a whole number and is read as " +
                     std::to_string(nearest_integer(value)),
                 "Write the whole number; if this is another value, one is missing or too many in front "
                 "of it.");

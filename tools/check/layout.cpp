@@ -31,17 +31,10 @@ const SectionShape& shape_of(SectionId id) {
     return *std::ranges::find(shapes, id, &SectionShape::id);
 }
 
-// How many tokens of a line look like numbers, up to the first that does not.
-std::size_t width_of(const DeckLine& line) {
-    const std::vector<Token> all = tokens(line.text, " \t,");
-    const auto is_none = [](const Token& token) { return !looks_like_number(token.text); };
-    return static_cast<std::size_t>(std::ranges::find_if(all, is_none) - all.begin());
-}
-
 std::size_t widest(std::span<const DeckLine> lines) {
     std::size_t width = 0;
     for (const DeckLine& line : lines) {
-        width = std::max(width, width_of(line));
+        width = std::max(width, width_of(line.text, " \t,"));
     }
     return width;
 }

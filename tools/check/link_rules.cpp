@@ -1,5 +1,7 @@
 // What is fixed to what, node values and loads.
 #include "check/deck_view.hpp"
+#include "check/tell.hpp"
+#include "check/text.hpp"
 #include "check/thresholds.hpp"
 
 #include <algorithm>
@@ -37,12 +39,11 @@ void look_for_fixing_to_itself(const Subject& subject, const Rule& rule, Finding
     for (const FixView& fix : fixings(subject)) {
         if (fix.fixed_to < fix.first_pile || fix.fixed_to > fix.last_pile || fix.fixed_to < 1)
             continue;
-        report(findings, rule, place_of(fix.row, 4),
-               range_of(fix.first_pile, fix.last_pile, "Pile") +
-                   (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " +
-                   text_of(fix.fixed_to) + ": pile " + text_of(fix.fixed_to) +
-                   " is fixed to itself.",
-               "Give pile " + text_of(fix.fixed_to) + " a record of its own with 0.");
+        tell(findings, rule, place_of(fix.row, 4),
+             range_of(fix.first_pile, fix.last_pile, "pile") +
+                 (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " +
+                 text_of(fix.fixed_to) + ": pile " + text_of(fix.fixed_to) + " is fixed to itself",
+             "Give pile " + text_of(fix.fixed_to) + " a record of its own with 0.");
     }
 }
 
@@ -51,12 +52,12 @@ void look_for_fixing_to_piles(const Subject& subject, const Rule& rule, Findings
     for (const FixView& fix : fixings(subject)) {
         const auto target = counts.find(fix.fixed_to);
         if (fix.tip_code < 0 || target == counts.end() || target->second == 0) continue;
-        report(findings, rule, place_of(fix.row, 4),
-               range_of(fix.first_pile, fix.last_pile, "Pile") +
-                   (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " +
-                   text_of(fix.fixed_to) + ", which has " + text_of(target->second) +
-                   (target->second == 1 ? " element" : " elements") + " and is no dummy pile.",
-               "Fix them to a dummy pile; only for a negative tip code does the program check it.");
+        tell(findings, rule, place_of(fix.row, 4),
+             range_of(fix.first_pile, fix.last_pile, "pile") +
+                 (fix.first_pile == fix.last_pile ? " is" : " are") + " fixed to pile " +
+                 text_of(fix.fixed_to) + ", which has " + text_of(target->second) +
+                 (target->second == 1 ? " element" : " elements") + " and is no dummy pile",
+             "Fix them to a dummy pile; only for a negative tip code does the program check it.");
     }
 }
 
@@ -88,9 +89,9 @@ void look_for_circles(const Subject& subject, const Rule& rule, Findings& findin
         std::string path;
         for (const int number : circle)
             path += "pile " + text_of(number) + " to ";
-        report(findings, rule, place_of(fix_row(subject, pile.number), 4),
-               "The piles are fixed in a circle: " + path + "pile " + text_of(pile.number) + ".",
-               "Fix one of them to none: give it 0.");
+        tell(findings, rule, place_of(fix_row(subject, pile.number), 4),
+             "the piles are fixed in a circle: " + path + "pile " + text_of(pile.number),
+             "Fix one of them to none: give it 0.");
     }
 }
 
@@ -111,9 +112,9 @@ void look_for_unused_dummies(const Subject& subject, const Rule& rule, Findings&
         if (!pile.is_dummy() || is_target(*subject.group, pile.number)) continue;
         const auto view = std::ranges::find(views, pile.number, &PileView::number);
         if (view != views.end() && has_own_tip(*view)) continue; // it lacks its segments
-        report(findings, rule, place_of(pile_row(subject, pile.number), 1),
-               "No pile is fixed to the dummy pile " + text_of(pile.number) + ".",
-               "Fix its piles to it in the tip/fix table, or leave it out.");
+        tell(findings, rule, place_of(pile_row(subject, pile.number), 1),
+             "no pile is fixed to the dummy pile " + text_of(pile.number),
+             "Fix its piles to it in the tip/fix table, or leave it out.");
     }
 }
 
@@ -129,7 +130,7 @@ void each_generated(const Subject& subject, const Look& look) {
 }
 
 std::string generated_from(const PileView& view) {
-    return "Pile " + text_of(view.number) + " is a " + (view.mirror == 0 ? "copy" : "mirror") +
+    return "pile " + text_of(view.number) + " is a " + (view.mirror == 0 ? "copy" : "mirror") +
            " of pile " + text_of(view.source);
 }
 
@@ -146,10 +147,10 @@ void look_at_fixing_of_copies(const Subject& subject, const Rule& rule, Findings
     each_generated(subject,
                    [&](const PileView& view, const group::Pile& pile, const group::Pile& source) {
                        if ((pile.fixed_to == 0) == (source.fixed_to == 0)) return;
-                       report(findings, rule, place_of_fixing(subject, view, 4),
-                              generated_from(view) + " and fixed " + fixed_to(pile) +
-                                  ", its source " + fixed_to(source) + ".",
-                              "Fix it like its source: the fixing is not taken over from there.");
+                       tell(findings, rule, place_of_fixing(subject, view, 4),
+                            generated_from(view) + " and fixed " + fixed_to(pile) +
+                                ", its source " + fixed_to(source),
+                            "Fix it like its source: the fixing is not taken over from there.");
                    });
 }
 
@@ -157,10 +158,10 @@ void look_at_tip_codes_of_copies(const Subject& subject, const Rule& rule, Findi
     each_generated(subject, [&](const PileView& view, const group::Pile& pile,
                                 const group::Pile& source) {
         if (pile.tip_code == source.tip_code) return;
-        report(
+        tell(
             findings, rule, place_of_fixing(subject, view, 3),
             generated_from(view) + " and has the tip code " + text_of(pile.tip_code) +
-                ", its source " + text_of(source.tip_code) + ".",
+                ", its source " + text_of(source.tip_code),
             "Give it the code of its source, if the tips are alike: it is not taken over from there.");
     });
 }
@@ -172,12 +173,12 @@ void look_for_missing_nodes(const Subject& subject, const Rule& rule, Findings& 
              pile != counts.end() && pile->first <= values.last_pile; ++pile) {
             const int nodes = pile->second + 1;
             if (values.last_node <= nodes) continue;
-            report(findings, rule, place_of(values.row, 4),
-                   "The values go to node " + text_of(values.last_node) + ", but pile " +
-                       text_of(pile->first) + " has " +
-                       (nodes == 1 ? "one node." : text_of(nodes) + " nodes."),
-                   "End the range of nodes at " + text_of(nodes) +
-                       ", or give that pile a record of its own.");
+            tell(findings, rule, place_of(values.row, 4),
+                 "the values go to node " + text_of(values.last_node) + ", but pile " +
+                     text_of(pile->first) + " has " +
+                     (nodes == 1 ? "one node" : text_of(nodes) + " nodes"),
+                 "End the range of nodes at " + text_of(nodes) +
+                     ", or give that pile a record of its own.");
             break;
         }
     }
@@ -212,20 +213,20 @@ void each_zero_record(const Subject& subject, const Look& look) {
 void look_for_zero_springs(const Subject& subject, const Rule& rule, Findings& findings) {
     each_zero_record(subject, [&](const NodeValueView& values) {
         if (values.code != 1) return;
-        report(findings, rule, values.value_place(0),
-               "The springs of " + range_of(values.first_pile, values.last_pile, "pile") +
-                   " are all 0.",
-               "Give their stiffnesses, or leave the record out.");
+        tell(findings, rule, values.value_place(0),
+             "the springs of " + range_of(values.first_pile, values.last_pile, "pile") +
+                 " are all 0",
+             "Give their stiffnesses, or leave the record out.");
     });
 }
 
 void look_for_zero_values(const Subject& subject, const Rule& rule, Findings& findings) {
     each_zero_record(subject, [&](const NodeValueView& values) {
         if (values.code == 1) return;
-        report(findings, rule, values.value_place(0),
-               "The node values of code " + text_of(values.code) + " of " +
-                   range_of(values.first_pile, values.last_pile, "pile") + " are all 0.",
-               "Give the values, or leave the record out.");
+        tell(findings, rule, values.value_place(0),
+             "the node values of code " + text_of(values.code) + " of " +
+                 range_of(values.first_pile, values.last_pile, "pile") + " are all 0",
+             "Give the values, or leave the record out.");
     });
 }
 
@@ -234,13 +235,12 @@ void look_for_replaced_values(const Subject& subject, const Rule& rule, Findings
     for (std::size_t i = 0; i < list.size(); ++i) {
         const NodeValueView* const other = replaced_by(list, i);
         if (other == nullptr || list[i].is_zero()) continue;
-        report(findings, rule, place_of(list[i].row, 1),
-               "The values of code " + text_of(list[i].code) + " for " +
-                   range_of(list[i].first_pile, list[i].last_pile, "pile") + ", " +
-                   range_of(list[i].first_node, list[i].last_node, "node") +
-                   " replace values of line " + text_of(other->row->place.line) +
-                   " where both apply.",
-               "Give the sum if both are meant: they are not added.");
+        tell(findings, rule, place_of(list[i].row, 1),
+             "the values of code " + text_of(list[i].code) + " for " +
+                 range_of(list[i].first_pile, list[i].last_pile, "pile") + ", " +
+                 range_of(list[i].first_node, list[i].last_node, "node") +
+                 " replace values of line " + text_of(other->row->place.line) + " where both apply",
+             "Give the sum if both are meant: they are not added.");
     }
 }
 
@@ -271,12 +271,12 @@ void look_at_temperatures_of_composites(const Subject& subject, const Rule& rule
             const NodeValueView* const record =
                 temperature_record(list, pile.number, static_cast<int>(e) + 1);
             if (record == nullptr || !told.insert(record->row).second) continue;
-            report(findings, rule, record->value_place(0),
-                   "Element " + text_of(static_cast<int>(e) + 1) + " of pile " +
-                       text_of(pile.number) + " is of composite section " +
-                       text_of(element.section) + " and gets the temperature strain " +
-                       text_of(element.strain) + ": it takes the node values themselves.",
-                   "Give the nodes of composites the strain, such as 15 times 1.2E-5.");
+            tell(findings, rule, record->value_place(0),
+                 "element " + text_of(static_cast<int>(e) + 1) + " of pile " +
+                     text_of(pile.number) + " is of composite section " + text_of(element.section) +
+                     " and gets the temperature strain " + text_of(element.strain) +
+                     ": it takes the node values themselves",
+                 "Give the nodes of composites the strain, such as 15 times 1.2E-5.");
         }
     }
 }
@@ -286,10 +286,10 @@ void look_for_ignored_temperatures(const Subject& subject, const Rule& rule, Fin
         if (values.code != 4) continue;
         for (std::size_t i = 1; i < values.values.size(); ++i) {
             if (values.values[i] == 0.0) continue;
-            report(findings, rule, values.value_place(i),
-                   "Value " + text_of(static_cast<int>(i) + 1) + " of a temperature, " +
-                       text_of(values.values[i]) + ", is not used.",
-                   "Give the temperature as value 1 and zeros behind it; check the code 4.");
+            tell(findings, rule, values.value_place(i),
+                 "value " + text_of(static_cast<int>(i) + 1) + " of a temperature, " +
+                     text_of(values.values[i]) + ", is not used",
+                 "Give the temperature as value 1 and zeros behind it; check the code 4.");
             break;
         }
     }
@@ -320,15 +320,15 @@ void look_for_large_displacements(const Subject& subject, const Rule& rule, Find
                                                : threshold::largest_displacement * diameter;
             if (size <= largest || largest == 0.0) continue;
             const std::string measure = is_rotation
-                                            ? " is more than " + text_of(largest) + " radians."
+                                            ? " is more than " + text_of(largest) + " radians"
                                             : " is " + text_of(size / diameter, 3) +
-                                                  " times the largest diameter of the piles.";
-            report(findings, rule, values.value_place(i),
-                   std::string(is_rotation ? "The rotation " : "The soil displacement ") +
-                       text_of(value) + " of " +
-                       range_of(values.first_pile, values.last_pile, "pile") + measure,
-                   is_rotation ? "Give rotations in radians."
-                               : "Give it in the length unit of the deck.");
+                                                  " times the largest diameter of the piles";
+            tell(findings, rule, values.value_place(i),
+                 std::string(is_rotation ? "the rotation " : "the soil displacement ") +
+                     text_of(value) + " of " +
+                     range_of(values.first_pile, values.last_pile, "pile") + measure,
+                 is_rotation ? "Give rotations in radians."
+                             : "Give it in the length unit of the deck.");
             break;
         }
     }
@@ -361,10 +361,10 @@ void look_for_loads_on_free_dummies(const Subject& subject, const Rule& rule, Fi
     const auto look = [&](int number, const Row* row) {
         const group::Pile* const pile = pile_numbered(*subject.group, number);
         if (pile == nullptr || !is_held_by_nothing(*subject.group, *pile)) return;
-        report(findings, rule, place_of(row, 1),
-               "The dummy pile " + text_of(number) +
-                   " is loaded, but no pile is fixed to it and it has no springs.",
-               "Fix its piles to it, or load another pile.");
+        tell(findings, rule, place_of(row, 1),
+             "the dummy pile " + text_of(number) +
+                 " is loaded, but no pile is fixed to it and it has no springs",
+             "Fix its piles to it, or load another pile.");
     };
     for (const NodeValueView& values : node_values(subject)) {
         if (values.code != 2 || values.is_zero()) continue;
@@ -382,10 +382,10 @@ void look_for_loads_on_free_piles(const Subject& subject, const Rule& rule, Find
     each_loaded_pile(subject, [&](int number, const Row* row) {
         const group::Pile* const pile = pile_numbered(*subject.group, number);
         if (pile == nullptr || pile->is_dummy() || pile->fixed_to != 0) return;
-        report(findings, rule, place_of(row, 1),
-               "Pile " + text_of(number) +
-                   " is loaded and fixed to no other pile: it takes its loads alone.",
-               "Check that its head is meant to be free.");
+        tell(findings, rule, place_of(row, 1),
+             "pile " + text_of(number) +
+                 " is loaded and fixed to no other pile: it takes its loads alone",
+             "Check that its head is meant to be free.");
     });
 }
 
@@ -396,13 +396,13 @@ void look_for_zero_vectors(const Subject& subject, const Rule& rule, Findings& f
         const auto is_nothing = [](const PileLoadView& load) { return is_zero(load.components); };
         if (vector.factor_row == nullptr || vector.loads.empty()) continue;
         if (vector.factor == 0.0) {
-            report(findings, rule, place_of(vector.factor_row, 1),
-                   "The load factor of vector " + text_of(number) + " is 0: all its loads are 0.",
-                   "Give the factor; 1.0 takes the loads as they stand.");
+            tell(findings, rule, place_of(vector.factor_row, 1),
+                 "the load factor of vector " + text_of(number) + " is 0: all its loads are 0",
+                 "Give the factor; 1.0 takes the loads as they stand.");
         } else if (std::ranges::all_of(vector.loads, is_nothing)) {
-            report(findings, rule, place_of(vector.count_row, 1),
-                   "All loads of vector " + text_of(number) + " are 0.",
-                   "Give its loads, or leave the vector out.");
+            tell(findings, rule, place_of(vector.count_row, 1),
+                 "all loads of vector " + text_of(number) + " are 0",
+                 "Give its loads, or leave the vector out.");
         }
     }
 }
@@ -415,10 +415,10 @@ void look_for_repeated_loads(const Subject& subject, const Rule& rule, Findings&
         for (const PileLoadView& load : vector.loads) {
             const bool is_new = seen.insert({load.pile, load.components}).second;
             if (is_new || is_zero(load.components)) continue;
-            report(findings, rule, place_of(load.row, 1),
-                   "Vector " + text_of(number) + " loads pile " + text_of(load.pile) +
-                       " twice with the same values.",
-                   "Take one record out, unless both are meant: both are written.");
+            tell(findings, rule, place_of(load.row, 1),
+                 "vector " + text_of(number) + " loads pile " + text_of(load.pile) +
+                     " twice with the same values",
+                 "Take one record out, unless both are meant: both are written.");
         }
     }
 }

@@ -1,6 +1,8 @@
 // Materials, cross sections and their yield curves, segment types.
 #include "check/deck_view.hpp"
 #include "check/substances.hpp"
+#include "check/tell.hpp"
+#include "check/text.hpp"
 #include "check/thresholds.hpp"
 
 #include <algorithm>
@@ -35,7 +37,7 @@ const MaterialView* material_of(const TubeView& tube, const std::vector<Material
 }
 
 std::string the_wall(const TubeView& tube) {
-    return "The wall " + text_of(tube.wall) + " of " + name_of(tube);
+    return "the wall " + text_of(tube.wall) + " of " + name_of(tube);
 }
 
 void look_at_walls_over_radius(const Subject& subject, const Rule& rule, Findings& findings) {
@@ -45,10 +47,10 @@ void look_at_walls_over_radius(const Subject& subject, const Rule& rule, Finding
         const double slimmer = tube.diameter / (tube.wall / thousand);
         const bool looks_like_mm =
             slimmer >= threshold::least_slenderness && slimmer <= threshold::largest_slenderness;
-        report(findings, rule, tube.wall_place(),
-               the_wall(tube) + " is more than half the diameter " + text_of(tube.diameter) +
-                   (looks_like_mm ? "; it looks like mm under a diameter in m." : "."),
-               "Give the wall in the unit of the diameter; half the diameter makes a solid bar.");
+        tell(findings, rule, tube.wall_place(),
+             the_wall(tube) + " is more than half the diameter " + text_of(tube.diameter) +
+                 (looks_like_mm ? "; it looks like mm under a diameter in m" : ""),
+             "Give the wall in the unit of the diameter; half the diameter makes a solid bar.");
     }
 }
 
@@ -58,10 +60,10 @@ void look_at_thick_walls(const Subject& subject, const Rule& rule, Findings& fin
         const bool is_solid = tube.wall == 0.5 * tube.diameter;
         if (!is_tube(tube) || is_solid || !metal_tubes.holds(tube)) continue;
         if (slenderness(tube) >= threshold::least_slenderness) continue;
-        report(findings, rule, tube.wall_place(),
-               the_wall(tube) + " makes D/t " + text_of(slenderness(tube), 4) +
-                   "; tubes of metal have 8 or more.",
-               "Check wall and diameter " + text_of(tube.diameter) + ".");
+        tell(findings, rule, tube.wall_place(),
+             the_wall(tube) + " makes D/t " + text_of(slenderness(tube), 4) +
+                 "; tubes of metal have 8 or more",
+             "Check wall and diameter " + text_of(tube.diameter) + ".");
     }
 }
 
@@ -72,23 +74,22 @@ void look_at_thin_walls(const Subject& subject, const Rule& rule, Findings& find
     for (const TubeView& tube : tubes(subject)) {
         if (!is_tube(tube) || !is_looked_at(tube)) continue;
         if (slenderness(tube) <= threshold::largest_slenderness) continue;
-        report(findings, rule, tube.wall_place(),
-               the_wall(tube) + " makes D/t " + text_of(slenderness(tube), 4) + consequence,
-               remedy);
+        tell(findings, rule, tube.wall_place(),
+             the_wall(tube) + " makes D/t " + text_of(slenderness(tube), 4) + consequence, remedy);
     }
 }
 
 void look_at_linear_thin_walls(const Subject& subject, const Rule& rule, Findings& findings) {
     look_at_thin_walls(
         subject, rule, findings, [](const TubeView& tube) { return tube.yield_code >= 0; },
-        ", above 120: the wall buckles before it yields.",
+        ", above 120: the wall buckles before it yields",
         "Check wall and diameter; a tube like this needs a shell buckling check of its own.");
 }
 
 void look_at_thin_walls_with_curves(const Subject& subject, const Rule& rule, Findings& findings) {
     look_at_thin_walls(
         subject, rule, findings, [](const TubeView& tube) { return tube.yield_code < 0; },
-        ", above 120: no yield curve can be computed, and the run stops.",
+        ", above 120: no yield curve can be computed, and the run stops",
         "Make the wall thicker, or give the curve by points with a code of 1 to 10.");
 }
 
@@ -107,11 +108,11 @@ void look_at_stiffnesses(const Subject& subject, const Rule& rule, Findings& fin
             if (given <= 0.0 || computed[i] <= 0.0) continue;
             const double ratio = given / computed[i];
             if (std::max(ratio, 1.0 / ratio) <= threshold::stiffness_ratio) continue;
-            report(findings, rule, tube.stiffness_place(i),
-                   "The given " + std::string(names[i]) + " " + text_of(given) + " of " +
-                       name_of(tube) + " is " + text_of(ratio, 3) + " times that of the tube, " +
-                       text_of(computed[i]) + ".",
-                   "Check its units and the order EA, EI, GA, GJ; 0 has it computed.");
+            tell(findings, rule, tube.stiffness_place(i),
+                 "the given " + std::string(names[i]) + " " + text_of(given) + " of " +
+                     name_of(tube) + " is " + text_of(ratio, 3) + " times that of the tube, " +
+                     text_of(computed[i]),
+                 "Check its units and the order EA, EI, GA, GJ; 0 has it computed.");
         }
     }
 }
@@ -137,11 +138,11 @@ void look_at_axial_yields(const Subject& subject, const Rule& rule, Findings& fi
         if (!is_first || row == nullptr || row->id != deck::RecordId::cross_section_5) continue;
         const bool has_points = whole(*row, 3) > 0;
         if (has_points || sums.at(tube.section) > 0.0 || !metal_tubes.holds(tube)) continue;
-        report(findings, rule, tube.material_place(),
-               "The sum of A sigma_y of section " + text_of(tube.section) +
-                   " is 0: its material has no yield stress.",
-               "Give material " + text_of(tube.material) +
-                   " its yield stress, if the axial capacity is wanted.");
+        tell(findings, rule, tube.material_place(),
+             "the sum of A sigma_y of section " + text_of(tube.section) +
+                 " is 0: its material has no yield stress",
+             "Give material " + text_of(tube.material) +
+                 " its yield stress, if the axial capacity is wanted.");
     }
 }
 
@@ -174,11 +175,11 @@ void look_at_curves(const Subject& subject, const Rule& rule, Findings& findings
         const CurvePoint& largest = *std::ranges::max_element(points, {}, magnitude);
         const double ratio = magnitude(largest) / yield;
         if (ratio <= threshold::curve_ratio && ratio >= 1.0 / threshold::curve_ratio) continue;
-        report(findings, rule, place_of(largest.row, 5),
-               "The largest axial force " + text_of(largest.plastic_axial) +
-                   " of the yield curve of section " + text_of(section) + " is " +
-                   text_of(ratio, 3) + " times its sum of A sigma_y, " + text_of(yield) + ".",
-               "Give the points in stored units: they are not multiplied by the unit factors.");
+        tell(findings, rule, place_of(largest.row, 5),
+             "the largest axial force " + text_of(largest.plastic_axial) +
+                 " of the yield curve of section " + text_of(section) + " is " + text_of(ratio, 3) +
+                 " times its sum of A sigma_y, " + text_of(yield),
+             "Give the points in stored units: they are not multiplied by the unit factors.");
     }
 }
 
@@ -206,13 +207,13 @@ void look_at_elastic_curves(const Subject& subject, const Rule& rule, Findings& 
         };
         const auto found = std::ranges::find_if(points, is_outside);
         if (found == points.end()) continue;
-        report(findings, rule, place_of(found->row, 4),
-               "The elastic moment " + text_of(found->elastic_moment) + " of section " +
-                   text_of(section) + " at the axial force " + text_of(found->elastic_axial) +
-                   " is above the plastic one, " +
-                   text_of(plastic_moment(points, found->elastic_axial)) + ".",
-               "Exchange the curves, or correct the point: a section yields before it reaches its "
-               "capacity.");
+        tell(findings, rule, place_of(found->row, 4),
+             "the elastic moment " + text_of(found->elastic_moment) + " of section " +
+                 text_of(section) + " at the axial force " + text_of(found->elastic_axial) +
+                 " is above the plastic one, " +
+                 text_of(plastic_moment(points, found->elastic_axial)),
+             "Exchange the curves, or correct the point: a section yields before it reaches its "
+             "capacity.");
     }
 }
 
@@ -230,13 +231,12 @@ void look_at_poisson(const Subject& subject, const Rule& rule, Findings& finding
         if (candidates.empty() || !accepted.holds(ratio) || std::ranges::any_of(candidates, allows))
             continue;
         const Substance& substance = *candidates.front();
-        report(findings, rule, place_of(material.row, 3),
-               "E and G of material " + text_of(material.number) + " make Poisson's ratio " +
-                   text_of(ratio, 3) + "; " + std::string(substance.name) + " has " +
-                   text_of(substance.poisson.least) + " to " + text_of(substance.poisson.largest) +
-                   ".",
-               "Check the shear modulus " + text_of(material.shear_modulus) +
-                   ": it is E/(2 (1 + nu)).");
+        tell(findings, rule, place_of(material.row, 3),
+             "E and G of material " + text_of(material.number) + " make Poisson's ratio " +
+                 text_of(ratio, 3) + "; " + std::string(substance.name) + " has " +
+                 text_of(substance.poisson.least) + " to " + text_of(substance.poisson.largest),
+             "Check the shear modulus " + text_of(material.shear_modulus) +
+                 ": it is E/(2 (1 + nu)).");
     }
 }
 
@@ -250,9 +250,8 @@ void look_for_unused_sections(const Subject& subject, const Rule& rule, Findings
             return section >= least && section <= largest;
         };
         if (std::ranges::any_of(list, uses)) return;
-        report(findings, rule, place_of(row, 1),
-               "No segment type uses section " + text_of(section) + ".",
-               "Leave it out if it is a remnant; check the segment types if it is not.");
+        tell(findings, rule, place_of(row, 1), "no segment type uses section " + text_of(section),
+             "Leave it out if it is a remnant; check the segment types if it is not.");
     };
     for (const auto id : {deck::RecordId::cross_section, deck::RecordId::cross_section_5}) {
         for (const Row* const row : subject.outline.rows(id)) {
@@ -266,9 +265,9 @@ void look_for_unused_materials(const Subject& subject, const Rule& rule, Finding
     const auto list = tubes(subject);
     for (const MaterialView& material : materials(subject)) {
         if (std::ranges::find(list, material.number, &TubeView::material) != list.end()) continue;
-        report(findings, rule, place_of(material.row, 1),
-               "No section uses material " + text_of(material.number) + ".",
-               "Leave it out if it is a remnant; check the sections if it is not.");
+        tell(findings, rule, place_of(material.row, 1),
+             "no section uses material " + text_of(material.number),
+             "Leave it out if it is a remnant; check the sections if it is not.");
     }
 }
 
@@ -279,9 +278,9 @@ void look_for_unused_segments(const Subject& subject, const Rule& rule, Findings
         used.insert(list.types.begin(), list.types.end());
     for (const SegmentView& segment : segments(subject)) {
         if (used.contains(segment.number)) continue;
-        report(findings, rule, place_of(segment.row, 1),
-               "No pile uses segment type " + text_of(segment.number) + ".",
-               "Leave it out if it is a remnant; check the segment table if it is not.");
+        tell(findings, rule, place_of(segment.row, 1),
+             "no pile uses segment type " + text_of(segment.number),
+             "Leave it out if it is a remnant; check the segment table if it is not.");
     }
 }
 

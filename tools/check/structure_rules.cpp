@@ -32,13 +32,6 @@ std::vector<double> values_of(std::string_view line) {
     return values;
 }
 
-// How many tokens of a line look like numbers, up to the first that does not.
-std::size_t width_of(std::string_view line) {
-    const std::vector<Token> all = tokens(line);
-    const auto is_none = [](const Token& token) { return !looks_like_number(token.text); };
-    return static_cast<std::size_t>(std::ranges::find_if(all, is_none) - all.begin());
-}
-
 // The record of `wanted` numbers that begins with the first line; `lines` keeps what is behind it.
 LineRecord take_record(Lines& lines, std::size_t wanted) {
     const DeckLine& line = lines.front();

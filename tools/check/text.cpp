@@ -108,6 +108,12 @@ bool looks_like_record(std::string_view line) {
     return looks_like_number(line.substr(0, line.find_first_of(" \t")));
 }
 
+std::size_t width_of(std::string_view line, std::string_view separators) {
+    const std::vector<Token> all = tokens(line, separators);
+    const auto is_none = [](const Token& token) { return !looks_like_number(token.text); };
+    return static_cast<std::size_t>(std::ranges::find_if(all, is_none) - all.begin());
+}
+
 std::vector<Token> leading_numbers(std::string_view line) {
     std::vector<Token> all = tokens(line);
     const auto is_none = [](const Token& token) { return !number_of(token.text); };
@@ -141,12 +147,21 @@ std::string counted(long count, std::string_view noun) {
     return text;
 }
 
-std::string shown(double value) {
-    std::array<char, 32> text{};
-    constexpr int digits_shown = 6;
-    const auto end =
-        std::to_chars(text.begin(), text.end(), value, std::chars_format::general, digits_shown);
-    return {text.data(), end.ptr};
+std::string text_of(double value, int digits) {
+    std::array<char, 32> buffer{};
+    const double shown = value == 0.0 ? 0.0 : value; // without the sign of a zero
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), shown,
+                                   std::chars_format::general, digits);
+    std::string text(buffer.data(), end.ptr);
+    const std::size_t exponent = text.find('e');
+    if (exponent == std::string::npos) return text;
+    const bool is_negative = text[exponent + 1] == '-';
+    const std::size_t first = text.find_first_not_of('0', exponent + 2);
+    return text.substr(0, exponent) + (is_negative ? "E-" : "E") + text.substr(first);
+}
+
+std::string text_of(int value) {
+    return std::to_string(value);
 }
 
 } // namespace korvat::check

@@ -41,6 +41,9 @@ struct Token {
 // Whether the first token of a line looks like a number.
 [[nodiscard]] bool looks_like_record(std::string_view line);
 
+// How many tokens of a line look like numbers, up to the first that does not.
+[[nodiscard]] std::size_t width_of(std::string_view line, std::string_view separators = " ");
+
 // The numbers at the beginning of a line, up to the first token that is none.
 [[nodiscard]] std::vector<Token> leading_numbers(std::string_view line);
 
@@ -56,7 +59,8 @@ struct Token {
 // "1 record", "2 records".
 [[nodiscard]] std::string counted(long count, std::string_view noun);
 
-// A number as a user would write it: 25 or 0.0254.
-[[nodiscard]] std::string shown(double value);
+// A value as a message shows it: up to that many digits, "2.1E8".
+[[nodiscard]] std::string text_of(double value, int digits = 6);
+[[nodiscard]] std::string text_of(int value);
 
 } // namespace korvat::check

@@ -1,6 +1,8 @@
 // Values that no pile has in the units of the deck.
 #include "check/deck_view.hpp"
 #include "check/substances.hpp"
+#include "check/tell.hpp"
+#include "check/text.hpp"
 #include "check/thresholds.hpp"
 
 #include <algorithm>
@@ -42,10 +44,10 @@ void look_at_positive_factors(const Subject& subject, const Rule& rule, Findings
     const auto look = [&](deck::RecordId id, const std::string& name) {
         for (const Row* const row : subject.outline.rows(id)) {
             if (row->numbers.empty() || row->numbers.front().value > counts_as_1) continue;
-            report(findings, rule, place_of(row, 1),
-                   "The " + name + " factor " + text_of(row->numbers.front().value) +
-                       " is not above zero and counts as 1.0.",
-                   "Write 1.0, or the factor that is meant.");
+            tell(findings, rule, place_of(row, 1),
+                 "the " + name + " factor " + text_of(row->numbers.front().value) +
+                     " is not above zero and counts as 1.0",
+                 "Write 1.0, or the factor that is meant.");
         }
     };
     look(deck::RecordId::force_factor, "force");
@@ -60,14 +62,14 @@ void look_at_factor(const Subject& subject, const Rule& rule, Findings& findings
     const auto rows = subject.outline.rows(id);
     const Unit* const meant = unit_of_size(units, deck_unit.size * factor);
     const std::string from = text(deck_unit.name);
-    report(findings, rule, place_of(rows.empty() ? nullptr : rows.front(), 1),
-           "The " + name + " factor " + text_of(factor) +
-               " turns the numbers of the deck, which are in " + from + ", into units of " +
-               text_of(1.0 / factor) + " " + from + ".",
-           meant != nullptr
-               ? "Give " + text_of(1.0 / factor) + ", which turns " + from + " into " +
-                     text(meant->name) + "."
-               : "Give 1.0, or the factor from " + from + " to the unit that is wanted.");
+    tell(findings, rule, place_of(rows.empty() ? nullptr : rows.front(), 1),
+         "the " + name + " factor " + text_of(factor) +
+             " turns the numbers of the deck, which are in " + from + ", into units of " +
+             text_of(1.0 / factor) + " " + from,
+         meant != nullptr
+             ? "Give " + text_of(1.0 / factor) + ", which turns " + from + " into " +
+                   text(meant->name) + "."
+             : "Give 1.0, or the factor from " + from + " to the unit that is wanted.");
 }
 
 void look_at_force_factor(const Subject& subject, const Rule& rule, Findings& findings) {
@@ -100,11 +102,11 @@ std::string all_unit_systems() {
 void look_at_unit_system(const Subject& subject, const Rule& rule, Findings& findings) {
     const auto list = materials(subject);
     if (list.empty() || deck_units(subject)) return;
-    report(
+    tell(
         findings, rule, place_of(list.front().row, 2),
-        "The E-modulus " + text_of(list.front().modulus) + " of material " +
+        "the E-modulus " + text_of(list.front().modulus) + " of material " +
             text_of(list.front().number) +
-            " is that of no steel, concrete, aluminium or timber in " + all_unit_systems() + ".",
+            " is that of no steel, concrete, aluminium or timber in " + all_unit_systems(),
         "Give modulus, yield stress and unit weight in the force and length units of the deck; the "
         "other rules on units have not looked at this deck.");
 }
@@ -133,12 +135,12 @@ void look_at_moduli(const Subject& subject, const Rule& rule, Findings& findings
     if (!units) return;
     for (const MaterialView& material : materials(subject)) {
         if (!with_modulus(material.modulus * units->stress()).empty()) continue;
-        report(findings, rule, place_of(material.row, 2),
-               "The E-modulus " + text_of(material.modulus) + " of material " +
-                   text_of(material.number) + " is that of no pile material in " +
-                   text(units->name) + ", the units of the other values" +
-                   of_another(material.modulus, &UnitSystem::stress, &Substance::modulus) + ".",
-               "Give the modulus in the units of the deck.");
+        tell(findings, rule, place_of(material.row, 2),
+             "the E-modulus " + text_of(material.modulus) + " of material " +
+                 text_of(material.number) + " is that of no pile material in " + text(units->name) +
+                 ", the units of the other values" +
+                 of_another(material.modulus, &UnitSystem::stress, &Substance::modulus),
+             "Give the modulus in the units of the deck.");
     }
 }
 
@@ -169,12 +171,12 @@ void look_at_yield_stresses(const Subject& subject, const Rule& rule, Findings& 
         const Substance& substance = *candidates.front();
         const std::string name = text(substance.name);
         const std::string where = elsewhere(stress, &UnitSystem::stress, substance.yield);
-        report(findings, rule, place_of(material.row, 4),
-               "The yield stress " + text_of(stress) + " of material " + text_of(material.number) +
-                   " is not that of " + name + " in " + text(units.name) + where + ".",
-               "Give it in the units of the modulus: " + name + " has " +
-                   text_of(substance.yield.least / units.stress(), 3) + " to " +
-                   text_of(substance.yield.largest / units.stress(), 3) + ".");
+        tell(findings, rule, place_of(material.row, 4),
+             "the yield stress " + text_of(stress) + " of material " + text_of(material.number) +
+                 " is not that of " + name + " in " + text(units.name) + where,
+             "Give it in the units of the modulus: " + name + " has " +
+                 text_of(substance.yield.least / units.stress(), 3) + " to " +
+                 text_of(substance.yield.largest / units.stress(), 3) + ".");
     });
 }
 
@@ -200,14 +202,13 @@ void look_at_weights(const Subject& subject, const Rule& rule, Findings& finding
         if (density_unit(material.weight, candidates) != nullptr) return;
         const Substance& substance = *candidates.front();
         const std::string name = text(substance.name);
-        report(findings, rule, place_of(material.row, 5),
-               "The unit weight " + text_of(material.weight) + " of material " +
-                   text_of(material.number) + " is not that of " + name + " in " +
-                   text(units.name) +
-                   elsewhere(material.weight, &UnitSystem::unit_weight, substance.weight) + ".",
-               "Give it in the units of the modulus: " + name + ", dry or under water, has " +
-                   text_of(substance.weight.least / units.unit_weight(), 3) + " to " +
-                   text_of(substance.weight.largest / units.unit_weight(), 3) + ".");
+        tell(findings, rule, place_of(material.row, 5),
+             "the unit weight " + text_of(material.weight) + " of material " +
+                 text_of(material.number) + " is not that of " + name + " in " + text(units.name) +
+                 elsewhere(material.weight, &UnitSystem::unit_weight, substance.weight),
+             "Give it in the units of the modulus: " + name + ", dry or under water, has " +
+                 text_of(substance.weight.least / units.unit_weight(), 3) + " to " +
+                 text_of(substance.weight.largest / units.unit_weight(), 3) + ".");
     });
 }
 
@@ -217,12 +218,12 @@ void look_at_densities(const Subject& subject, const Rule& rule, Findings& findi
         if (is_sound_weight(units, material, candidates)) return;
         const Unit* const unit = density_unit(material.weight, candidates);
         if (unit == nullptr) return;
-        report(findings, rule, place_of(material.row, 5),
-               "The unit weight " + text_of(material.weight) + " of material " +
-                   text_of(material.number) + " looks like a density in " + text(unit->name) + ".",
-               "Give the density times gravity: " +
-                   text_of(material.weight * unit->size * gravity / units.unit_weight(), 3) +
-                   " in " + text(units.name) + ".");
+        tell(findings, rule, place_of(material.row, 5),
+             "the unit weight " + text_of(material.weight) + " of material " +
+                 text_of(material.number) + " looks like a density in " + text(unit->name),
+             "Give the density times gravity: " +
+                 text_of(material.weight * unit->size * gravity / units.unit_weight(), 3) + " in " +
+                 text(units.name) + ".");
     });
 }
 
@@ -246,11 +247,11 @@ void look_at_diameters(const Subject& subject, const Rule& rule, Findings& findi
     if (!units) return;
     for (const TubeView& tube : tubes(subject)) {
         if (diameters.holds(tube.diameter * units->length)) continue;
-        report(findings, rule, tube.diameter_place(),
-               "The diameter " + text_of(tube.diameter) + " of " + name_of(tube) + " is " +
-                   text_of(tube.diameter * units->length, 3) + " m in " + text(units->name) +
-                   other_length(tube.diameter, diameters, units->length_name) + ".",
-               "Give it in the length unit of the deck, " + text(units->length_name) + ".");
+        tell(findings, rule, tube.diameter_place(),
+             "the diameter " + text_of(tube.diameter) + " of " + name_of(tube) + " is " +
+                 text_of(tube.diameter * units->length, 3) + " m in " + text(units->name) +
+                 other_length(tube.diameter, diameters, units->length_name),
+             "Give it in the length unit of the deck, " + text(units->length_name) + ".");
     }
 }
 
@@ -264,12 +265,12 @@ void look_at_walls(const Subject& subject, const Rule& rule, Findings& findings)
         if (tube.wall <= 0.0 || !slendernesses.holds(tube.diameter / tube.wall)) continue;
         if (!metal_tubes.holds(tube)) continue;
         if (walls.holds(tube.wall * units->length)) continue;
-        report(findings, rule, tube.wall_place(),
-               "The wall " + text_of(tube.wall) + " of " + name_of(tube) + " is " +
-                   text_of(tube.wall * units->length * 1.0e3, 3) + " mm in " + text(units->name) +
-                   "; a metal tube has " + text_of(walls.least * 1.0e3) + " to " +
-                   text_of(walls.largest * 1.0e3) + " mm.",
-               "Give it in the length unit of the deck, " + text(units->length_name) + ".");
+        tell(findings, rule, tube.wall_place(),
+             "the wall " + text_of(tube.wall) + " of " + name_of(tube) + " is " +
+                 text_of(tube.wall * units->length * 1.0e3, 3) + " mm in " + text(units->name) +
+                 "; a metal tube has " + text_of(walls.least * 1.0e3) + " to " +
+                 text_of(walls.largest * 1.0e3) + " mm",
+             "Give it in the length unit of the deck, " + text(units->length_name) + ".");
     }
 }
 
@@ -285,12 +286,11 @@ void look_at_lengths(const Subject& subject, const Rule& rule, Findings& finding
         const double length = std::hypot(pile.tip[0] - pile.head[0], pile.tip[1] - pile.head[1],
                                          pile.tip[2] - pile.head[2]);
         if (lengths.holds(length * units->length)) continue;
-        report(findings, rule, place_of(pile.row, 9),
-               "Pile " + text_of(pile.number) + " is " + text_of(length) +
-                   " long from head to tip, " + text_of(length * units->length, 3) + " m in " +
-                   text(units->name) + other_length(length, lengths, units->length_name) + ".",
-               "Give head and tip in the length unit of the deck, " + text(units->length_name) +
-                   ".");
+        tell(findings, rule, place_of(pile.row, 9),
+             "pile " + text_of(pile.number) + " is " + text_of(length) +
+                 " long from head to tip, " + text_of(length * units->length, 3) + " m in " +
+                 text(units->name) + other_length(length, lengths, units->length_name),
+             "Give head and tip in the length unit of the deck, " + text(units->length_name) + ".");
     }
 }
 
@@ -300,12 +300,12 @@ void look_at_fluids(const Subject& subject, const Rule& rule, Findings& findings
     const Range fluids{threshold::least_fluid_weight, threshold::largest_fluid_weight};
     for (const TubeView& tube : tubes(subject)) {
         if (tube.fluid == 0.0 || fluids.holds(tube.fluid * units->unit_weight())) continue;
-        report(findings, rule, tube.fluid_place(),
-               "The unit weight " + text_of(tube.fluid) + " of the fluid in " + name_of(tube) +
-                   " is " + text_of(tube.fluid * units->unit_weight() * 1.0e-3, 3) + " kN/m3 in " +
-                   text(units->name) + ".",
-               "Give a unit weight in the units of the deck: water has " +
-                   text_of(1000.0 * gravity / units->unit_weight(), 3) + ".");
+        tell(findings, rule, tube.fluid_place(),
+             "the unit weight " + text_of(tube.fluid) + " of the fluid in " + name_of(tube) +
+                 " is " + text_of(tube.fluid * units->unit_weight() * 1.0e-3, 3) + " kN/m3 in " +
+                 text(units->name),
+             "Give a unit weight in the units of the deck: water has " +
+                 text_of(1000.0 * gravity / units->unit_weight(), 3) + ".");
     }
 }
 
@@ -315,10 +315,10 @@ void look_at_temperature_strains(const Subject& subject, const Rule& rule, Findi
         const bool is_told =
             material.strain > threshold::warned_temperature_strain; // by the program
         if (is_told || material.strain == 0.0 || strains.holds(material.strain)) continue;
-        report(
+        tell(
             findings, rule, place_of(material.row, 6),
-            "The temperature strain " + text_of(material.strain) + " of material " +
-                text_of(material.number) + " is not that of a pile material for one degree.",
+            "the temperature strain " + text_of(material.strain) + " of material " +
+                text_of(material.number) + " is not that of a pile material for one degree",
             "Give the strain for one degree: steel has 1.2E-5 for one degree Celsius, 6.5E-6 for one "
             "Fahrenheit.");
     }

@@ -20,11 +20,10 @@ std::string with_elements(std::string_view first, std::string_view second, std::
 TEST(ElementRules, LongElements) {
     const std::string rule = "element-long";
     const std::string deck = with_elements("2", "12", "10");
-    EXPECT_EQ(
-        found_by(rule, deck),
-        (Findings{warning(rule, {26, 26, 1},
-                          "The elements of segment type 1 are 6 long, 6 times the diameter 1.",
-                          "Give the segment at least 3 elements.")}));
+    EXPECT_EQ(found_by(rule, deck),
+              (Findings{warning(rule, {26, 26, 1},
+                                "the elements of segment type 1 are 6 long, 6 times the diameter 1",
+                                "Give the segment at least 3 elements.")}));
     EXPECT_EQ(found_by(rule, changed(deck, "  1  1    1.0 ", "  1  1    1.19 ")).size(), 1U);
     EXPECT_EQ(found_by(rule, changed(deck, "  1  1    1.0 ", "  1  1    1.2 ")), Findings{});
 }
@@ -33,8 +32,8 @@ TEST(ElementRules, ShortElements) {
     const std::string rule = "element-short";
     EXPECT_EQ(found_by(rule, with_elements("121", "12", "10")),
               (Findings{warning(rule, {26, 26, 3},
-                                "The elements of segment type 1 are 0.0991736 long, 0.0992 times "
-                                "the diameter 1.",
+                                "the elements of segment type 1 are 0.0991736 long, 0.0992 times "
+                                "the diameter 1",
                                 "Give the segment at most 120 elements.")}));
     EXPECT_EQ(found_by(rule, with_elements("120", "12", "10")), Findings{});
 }
@@ -60,7 +59,7 @@ TEST(ElementRules, OneElementForALongPile) {
     };
     EXPECT_EQ(found_by(rule, with_count("1")),
               (Findings{warning(rule, {39, 12, 1},
-                                "Pile 4 is 25 long, 25 times its diameter, and has one element.",
+                                "pile 4 is 25 long, 25 times its diameter, and has one element",
                                 "Give segment type 3 at least 5 elements.")}));
     EXPECT_EQ(found_by("element-long", with_count("1")), Findings{});
     EXPECT_EQ(found_by(rule, with_count("2")), Findings{});
@@ -71,8 +70,8 @@ TEST(ElementRules, Neighbours) {
     const std::string rule = "element-neighbours";
     EXPECT_EQ(found_by(rule, with_elements("12", "12", "4")),
               (Findings{warning(rule, {39, 14, 1},
-                                "In pile 4 elements of 1 (segment type 1) meet elements of 3.25 "
-                                "(segment type 3), a ratio of 3.25.",
+                                "in pile 4 elements of 1 (segment type 1) meet elements of 3.25 "
+                                "(segment type 3), a ratio of 3.25",
                                 "Change the numbers of elements until neighbours differ by no more "
                                 "than 3.")}));
     // 12 / 37 and 13 / 13: a ratio of 3.08; 12 / 36 and 13 / 13: 3
@@ -85,7 +84,7 @@ TEST(ElementRules, ManyElements) {
     // 24 / 201 = 0.1194; elements of 0.5 m make 48
     EXPECT_EQ(found_by(rule, with_elements("100", "101", "100")),
               (Findings{note(rule, {38, 6, 1},
-                             "Pile 2 has 201 elements, on average 0.119 times the diameter long.",
+                             "pile 2 has 201 elements, on average 0.119 times the diameter long",
                              "Elements of half a diameter would do: they make 48.")}));
     EXPECT_EQ(found_by(rule, with_elements("100", "100", "100")), Findings{});
     // 24 / 201 is 0.249 times 0.48 and 0.254 times 0.47.
@@ -105,16 +104,16 @@ TEST(ElementRules, StepThroughOtherSections) {
                                "segment type for each.";
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  2  1    1.0 ", "  2  1    1.2 ")),
               (Findings{warning(rule, {27, 13, 1},
-                                "Segment type 2 steps from section 1 to 3 by way of section 2, "
-                                "whose diameter 1.2 is not between theirs, 1 and 1.",
+                                "segment type 2 steps from section 1 to 3 by way of section 2, "
+                                "whose diameter 1.2 is not between theirs, 1 and 1",
                                 remedy)}));
     // EI of a wall of 31.7 mm is 5.12 % above that of 30 mm, of 31.63 mm 4.91 %.
     const std::string wall = "  2  1    1.0       ";
     EXPECT_EQ(found_by(rule, changed(sound_deck, wall + "0.025", wall + "0.0317")),
               (Findings{warning(rule, {27, 13, 1},
-                                "Segment type 2 steps from section 1 to 3 by way of section 2, "
+                                "segment type 2 steps from section 1 to 3 by way of section 2, "
                                 "whose bending stiffness 2.37593E6 is not between theirs, "
-                                "2.26012E6 and 1.55299E6.",
+                                "2.26012E6 and 1.55299E6",
                                 remedy)}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, wall + "0.025", wall + "0.03163")), Findings{});
 }
@@ -125,8 +124,8 @@ TEST(ElementRules, JumpOfStiffness) {
     EXPECT_EQ(
         found_by(rule, changed(sound_deck, wall + "0.020", wall + "0.00274")),
         (Findings{warning(rule, {39, 14, 1},
-                          "In pile 4 the bending stiffness changes from 2.26012E6 to "
-                          "224108, a ratio of 10.1, where segment type 3 follows type 1.",
+                          "in pile 4 the bending stiffness changes from 2.26012E6 to "
+                          "224108, a ratio of 10.1, where segment type 3 follows type 1",
                           "Check the sections of both, and the order of the segment types.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, wall + "0.020", wall + "0.0028")), Findings{});
 }

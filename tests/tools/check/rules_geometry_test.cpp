@@ -32,8 +32,8 @@ TEST(GeometryRules, ClashOfRakedPiles) {
     // Pile 4 passes pile 2, which is vertical at x = 3, y = 2, half-way down.
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0   -0.5  2.9  0.0   6.5  2.9  24.0")),
               (Findings{warning(rule, {35, 3, 1},
-                                "Piles 2 and 4 overlap by 0.1 at z = 12: their axes are 0.9 apart "
-                                "and their radii add up to 1.",
+                                "piles 2 and 4 overlap by 0.1 at z = 12: their axes are 0.9 apart "
+                                "and their radii add up to 1",
                                 clash_remedy)}));
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0   -0.5  3.0  0.0   6.5  3.0  24.0")),
               Findings{});
@@ -46,8 +46,8 @@ TEST(GeometryRules, ClashWhereTheDiameterChanges) {
                                      "  3  1    1.0       0.020", "  3  1    0.6       0.020");
     EXPECT_EQ(found_by("pile-clash", deck),
               (Findings{warning("pile-clash", {35, 3, 1},
-                                "Piles 2 and 4 overlap by 0.0397 at z = 11.52: their axes are "
-                                "0.9603 apart and their radii add up to 1.",
+                                "piles 2 and 4 overlap by 0.0397 at z = 11.52: their axes are "
+                                "0.9603 apart and their radii add up to 1",
                                 clash_remedy)}));
 }
 
@@ -55,8 +55,8 @@ TEST(GeometryRules, ClashOfParallelPiles) {
     const std::string rule = "pile-clash";
     EXPECT_EQ(found_by(rule, with_pile_3("  3  2   0    0.0  0.9  0.0   0.0  0.0  0.0")),
               (Findings{warning(rule, {34, 3, 1},
-                                "Piles 2 and 3 overlap by 0.1 at z = 0: their axes are 0.9 apart "
-                                "and their radii add up to 1.",
+                                "piles 2 and 3 overlap by 0.1 at z = 0: their axes are 0.9 apart "
+                                "and their radii add up to 1",
                                 clash_remedy)}));
     EXPECT_EQ(found_by(rule, with_pile_3("  3  2   0    0.0  1.0  0.0   0.0  0.0  0.0")),
               Findings{});
@@ -74,8 +74,8 @@ TEST(GeometryRules, NoClashOfPilesThatPartFromOneHead) {
     const std::string beside = with_pile_4("  4  0   0    3.0  2.5  0.0   10.0 2.5  24.0");
     const Findings found = found_by("pile-clash", beside);
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found.front().message, "Piles 2 and 4 overlap by 0.5 at z = 0: their axes are 0.5 "
-                                     "apart and their radii add up to 1.");
+    EXPECT_EQ(found.front().message, "piles 2 and 4 overlap by 0.5 at z = 0: their axes are 0.5 "
+                                     "apart and their radii add up to 1");
 }
 
 TEST(GeometryRules, ClashOfPilesThatDoNotPart) {
@@ -84,8 +84,8 @@ TEST(GeometryRules, ClashOfPilesThatDoNotPart) {
                                      "  3  3      3    13.0 ", "  3  3      3    12.0 ");
     const Findings found = found_by("pile-clash", deck);
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found.front().message, "Piles 2 and 4 overlap by 1 at z = 0: their axes are 0 apart "
-                                     "and their radii add up to 1.");
+    EXPECT_EQ(found.front().message, "piles 2 and 4 overlap by 1 at z = 0: their axes are 0 apart "
+                                     "and their radii add up to 1");
 }
 
 TEST(GeometryRules, HeadsThatCoincide) {
@@ -96,8 +96,8 @@ TEST(GeometryRules, HeadsThatCoincide) {
     const std::string pair = with_pile_4("  4  0   0    3.0  2.0  0.0   10.0 2.0  24.0");
     EXPECT_EQ(found_by(rule, free(pair)),
               (Findings{warning(rule, {35, 3, 1},
-                                "Piles 2 and 4 have the same head, (3, 2, 0), and are not fixed to "
-                                "the same pile.",
+                                "piles 2 and 4 have the same head, (3, 2, 0), and are not fixed to "
+                                "the same pile",
                                 "Move one of them, or fix both to one dummy pile if they meet on "
                                 "purpose.")}));
     EXPECT_EQ(found_by(rule, pair), Findings{});
@@ -114,8 +114,8 @@ TEST(GeometryRules, PilesThatAreEqual) {
     EXPECT_EQ(
         found_by(rule, with_pile_2("  2  0   0    0.0  2.0  0.0   0.0  2.0  24.0")),
         (Findings{warning(rule, {34, 3, 1},
-                          "Piles 2 and 3 have the same head, (0, 2, 0), and the same tip, (0, "
-                          "2, 24).",
+                          "piles 2 and 3 have the same head, (0, 2, 0), and the same tip, (0, "
+                          "2, 24)",
                           "Take one of them out; a pile on the mirror plane is its own "
                           "mirror.")}));
     EXPECT_EQ(found_by(rule, with_pile_2("  2  0   0    0.006 2.0 0.0   0.006 2.0 24.0")),
@@ -128,13 +128,13 @@ TEST(GeometryRules, TipAboveHead) {
     const std::string rule = "tip-above-head";
     EXPECT_EQ(found_in_refused(rule, with_pile_4("  4  0   0   10.0  -2.0 24.0  3.0 -2.0  0.0")),
               (Findings{warning(rule, {35, 41, 3},
-                                "The tip of pile 4 at z = 0 is above its head at z = 24.",
+                                "the tip of pile 4 at z = 0 is above its head at z = 24",
                                 "Exchange head and tip, or change the sign of z: +z points "
                                 "downwards.")}));
     EXPECT_EQ(
         found_in_refused(rule, with_pile_3("  3  2   0    0.0  4.0  1.0   0.0  0.0  0.5")),
         (Findings{warning(rule, {34, 41, 3},
-                          "The z of the tip of pile 3, 0.5, is less than the z of its shift, 1.",
+                          "the z of the tip of pile 3, 0.5, is less than the z of its shift, 1",
                           "Repeat the z of the shift as the z of the tip, which is not used "
                           "otherwise.")}));
     EXPECT_EQ(found_by(rule, with_pile_3("  3  2   0    0.0  4.0  1.0   0.0  0.0  1.0")),
@@ -147,10 +147,10 @@ TEST(GeometryRules, TipAboveHead) {
 TEST(GeometryRules, ExchangedAxes) {
     const std::string rule = "axes-exchanged";
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 3.0   24.0 -2.0 10.0")),
-              (Findings{warning(rule, {35, 31, 4}, "Pile 4 runs 24 in x and only 7 downwards.",
+              (Findings{warning(rule, {35, 31, 4}, "pile 4 runs 24 in x and only 7 downwards",
                                 "Check whether x and z are exchanged.")}));
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    3.0  -2.0 0.0   3.0 -26.0 7.0")),
-              (Findings{warning(rule, {35, 35, 5}, "Pile 4 runs 24 in y and only 7 downwards.",
+              (Findings{warning(rule, {35, 35, 5}, "pile 4 runs 24 in y and only 7 downwards",
                                 "Check whether y and z are exchanged.")}));
     // 22.4 to 11.1 is 1:2.02, and 22.3 to 11.3 is 1:1.97.
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 0.0  22.4  -2.0 11.1")).size(),
@@ -164,7 +164,7 @@ TEST(GeometryRules, FlatBatter) {
     const std::string rule = "batter-flat";
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    3.0  -2.0 0.0   23.0 -2.0 15.0")),
               (Findings{warning(rule, {35, 41, 4},
-                                "Pile 4 runs 20 horizontally and 15 downwards, flatter than 1:1.",
+                                "pile 4 runs 20 horizontally and 15 downwards, flatter than 1:1",
                                 "Check head and tip.")}));
     EXPECT_EQ(found_by(rule, with_pile_4("  4  0   0    0.0  -2.0 0.0  17.8  -2.0 17.555")).size(),
               1U);
@@ -176,8 +176,8 @@ TEST(GeometryRules, CapBelowItsPiles) {
     const std::string rule = "cap-below-piles";
     EXPECT_EQ(found_by(rule, with_pile_1("  1  0   0    0.0  0.0   1.0  0.0  0.0   1.0")),
               (Findings{warning(rule, {32, 26, 3},
-                                "Pile 1, to which 3 piles are fixed, is at z = 1, below the lowest "
-                                "of their heads at z = 0.",
+                                "pile 1, to which 3 piles are fixed, is at z = 1, below the lowest "
+                                "of their heads at z = 0",
                                 "Check the sign of z: +z points downwards, and a cap is above its "
                                 "piles.")}));
     EXPECT_EQ(found_by(rule, with_pile_1("  1  0   0    0.0  0.0   0.0  0.0  0.0   0.0")),
@@ -188,7 +188,7 @@ TEST(GeometryRules, ShiftOfAMirror) {
     const std::string rule = "mirror-shift";
     EXPECT_EQ(found_by(rule, with_pile_3("  3  2   2    0.0  5.0  0.0   0.0  0.0  0.0")),
               (Findings{warning(rule, {34, 20, 3},
-                                "Pile 3 is a mirror of pile 2: its coordinate 5 is not used.",
+                                "pile 3 is a mirror of pile 2: its coordinate 5 is not used",
                                 "Give zeros; for a mirror that is shifted too, give the pile "
                                 "itself.")}));
     // The head and the tip that it has.
@@ -202,8 +202,8 @@ TEST(GeometryRules, CoordinatesForAShift) {
     EXPECT_EQ(
         found_by(rule, changed(deeper, pile_3, "  3  2   0    0.0  4.0  2.0   0.0  0.0  26.0")),
         (Findings{warning(rule, {34, 25, 3},
-                          "Pile 3 is shifted by z = 2, which is the z of the head of its source, "
-                          "pile 2: its head is at z = 4.",
+                          "pile 3 is shifted by z = 2, which is the z of the head of its source, "
+                          "pile 2: its head is at z = 4",
                           "Give the shift from the source, not the coordinates of the head.")}));
     EXPECT_EQ(
         found_by(rule, changed(deeper, pile_3, "  3  2   0    0.0  4.0  2.5   0.0  0.0  26.0")),
@@ -218,8 +218,8 @@ TEST(GeometryRules, CopyOfACopy) {
     };
     EXPECT_EQ(found_by(rule, with_copy("  4  3   0    0.0  5.0  0.0   0.0  0.0  0.0")),
               (Findings{note(rule, {35, 6, 1},
-                             "Pile 4 is a copy of pile 3, itself a copy of pile 2: the shifts add "
-                             "up to (0, 9, 0).",
+                             "pile 4 is a copy of pile 3, itself a copy of pile 2: the shifts add "
+                             "up to (0, 9, 0)",
                              "Check the shift, or copy pile 2 itself.")}));
     EXPECT_EQ(found_by(rule, with_copy("  4  2   0    0.0  9.0  0.0   0.0  0.0  0.0")), Findings{});
     EXPECT_EQ(found_by(rule, with_copy("  4  3   2    0.0  0.0  0.0   0.0  0.0  0.0")), Findings{});
@@ -230,8 +230,8 @@ TEST(GeometryRules, LengthNearItsLimit) {
     EXPECT_EQ(
         found_by(rule, with_pile_2("  2  0   0    3.0  2.0  0.0   3.0  2.0  24.01224")),
         (Findings{warning(rule, {33, 41, 8},
-                          "Pile 2 is 24.0122 long from head to tip and its segments 24: 0.051 "
-                          "% apart, where more than 0.1 % is an error.",
+                          "pile 2 is 24.0122 long from head to tip and its segments 24: 0.051 "
+                          "% apart, where more than 0.1 % is an error",
                           "Move the tip, or give the last segment the rest of the length.")}));
     EXPECT_EQ(found_by(rule, with_pile_2("  2  0   0    3.0  2.0  0.0   3.0  2.0  24.0119")),
               Findings{});
@@ -246,8 +246,8 @@ TEST(GeometryRules, DummyWithATip) {
     const std::string deck = with_pile_1("  1  0   0    0.0  0.0  -1.0  0.0  0.0   5.0");
     EXPECT_EQ(found_by(rule, deck),
               (Findings{warning(rule, {37, 6, 1},
-                                "Pile 1 has no segments and becomes a dummy pile, but its tip is 6 "
-                                "from its head.",
+                                "pile 1 has no segments and becomes a dummy pile, but its tip is 6 "
+                                "from its head",
                                 "List its segment types; for a dummy pile, repeat the head as the "
                                 "tip.")}));
     EXPECT_EQ(found_by(rule, with_pile_1("  1  0   0    0.0  0.0  5.0E-11 0.0  0.0   0.0")),

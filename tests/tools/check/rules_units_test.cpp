@@ -2,6 +2,7 @@
 #include "rule_fixture.hpp"
 
 #include "check/deck_view.hpp"
+#include "check/text.hpp"
 
 namespace korvat::test {
 namespace {
@@ -87,13 +88,13 @@ TEST(UnitRules, NothingToSayOfTheMaterialsOfPiles) {
 TEST(UnitRules, FactorNotPositive) {
     const std::string rule = "factor-not-positive";
     const std::string deck = changed(sound_deck, "  1.0     force", "  0.0     force");
-    EXPECT_EQ(found_by(rule, deck),
-              (Findings{warning(rule, {4, 3, 3},
-                                "The force factor 0 is not above zero and counts as 1.0.",
-                                "Write 1.0, or the factor that is meant.")}));
+    EXPECT_EQ(
+        found_by(rule, deck),
+        (Findings{warning(rule, {4, 3, 3}, "the force factor 0 is not above zero and counts as 1.0",
+                          "Write 1.0, or the factor that is meant.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     length", "  -5      length")),
               (Findings{warning(rule, {5, 3, 2},
-                                "The length factor -5 is not above zero and counts as 1.0.",
+                                "the length factor -5 is not above zero and counts as 1.0",
                                 "Write 1.0, or the factor that is meant.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     force", "  1.1E-10 force")),
               Findings{});
@@ -104,13 +105,13 @@ TEST(UnitRules, ForceFactor) {
     const std::string wrong_way = sound_deck_in(newton, 1.0, 1000.0);
     EXPECT_EQ(found_by(rule, wrong_way),
               (Findings{warning(rule, word_of(wrong_way, "1000 force", 1),
-                                "The force factor 1000 turns the numbers of the deck, which are in "
-                                "N, into units of 0.001 N.",
+                                "the force factor 1000 turns the numbers of the deck, which are in "
+                                "N, into units of 0.001 N",
                                 "Give 0.001, which turns N into kN.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     force", "  2.0     force")),
               (Findings{warning(rule, {4, 3, 3},
-                                "The force factor 2 turns the numbers of the deck, which are in "
-                                "kN, into units of 0.5 kN.",
+                                "the force factor 2 turns the numbers of the deck, which are in "
+                                "kN, into units of 0.5 kN",
                                 "Give 1.0, or the factor from kN to the unit that is wanted.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     force", "1.0102 force")).size(), 1U);
     for (const std::string factor : {"1000.", "0.001", "0.2248", "1.0098", "0.9902"})
@@ -124,8 +125,8 @@ TEST(UnitRules, LengthFactor) {
     const std::string deck = changed(sound_deck, "  1.0     length", "  0.001   length");
     EXPECT_EQ(found_by(rule, deck),
               (Findings{warning(rule, {5, 3, 5},
-                                "The length factor 0.001 turns the numbers of the deck, which are "
-                                "in m, into units of 1000 m.",
+                                "the length factor 0.001 turns the numbers of the deck, which are "
+                                "in m, into units of 1000 m",
                                 "Give 1000, which turns m into mm.")}));
     for (const std::string factor : {"1000.", "100.", "3.2808", "39.37"})
         EXPECT_EQ(found_by(rule, changed(sound_deck, "  1.0     length", factor + " length")),
@@ -139,9 +140,9 @@ TEST(UnitRules, UnitSystem) {
     EXPECT_EQ(found_by(rule, with_material(unknown)),
               (Findings{warning(
                   rule, {16, 8, 3},
-                  "The E-modulus 7 of material 1 is that of no steel, concrete, aluminium or "
+                  "the E-modulus 7 of material 1 is that of no steel, concrete, aluminium or "
                   "timber in kN and m, N and m, N and mm, MN and m, kip and ft, kip and inch, kN "
-                  "and mm, kN and cm or tf and m.",
+                  "and mm, kN and cm or tf and m",
                   "Give modulus, yield stress and unit weight in the force and length units of the "
                   "deck; the other rules on units have not looked at this deck.")}));
     // Weight and yield stress tell the units: the modulus alone is odd.
@@ -153,14 +154,14 @@ TEST(UnitRules, ModulusUnusual) {
     const std::string rule = "modulus-unusual";
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E11 8.077E10 3.55E5 77.0 1.2E-5")),
               (Findings{warning(rule, {16, 6, 6},
-                                "The E-modulus 2.1E11 of material 1 is that of no pile material in "
+                                "the E-modulus 2.1E11 of material 1 is that of no pile material in "
                                 "kN and m, the units of the other values; in N and m it is that of "
-                                "steel.",
+                                "steel",
                                 "Give the modulus in the units of the deck.")}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.26E8 8.7E7 3.55E5 77.0 1.2E-5")),
               (Findings{warning(rule, {16, 6, 6},
-                                "The E-modulus 2.26E8 of material 1 is that of no pile material in "
-                                "kN and m, the units of the other values.",
+                                "the E-modulus 2.26E8 of material 1 is that of no pile material in "
+                                "kN and m, the units of the other values",
                                 "Give the modulus in the units of the deck.")}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.25E8 8.7E7 3.55E5 77.0 1.2E-5")), Findings{});
 }
@@ -170,13 +171,13 @@ TEST(UnitRules, YieldUnusual) {
     const std::string remedy = "Give it in the units of the modulus: steel has 1.5E5 to 1.1E6.";
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 355. 77.0 1.2E-5")),
               (Findings{warning(rule, {16, 20, 4},
-                                "The yield stress 355 of material 1 is not that of steel in kN and "
-                                "m; in N and mm it is.",
+                                "the yield stress 355 of material 1 is not that of steel in kN and "
+                                "m; in N and mm it is",
                                 remedy)}));
     EXPECT_EQ(
         found_by(rule, with_material("  1  2.1E8 8.077E7 1.49E5 77.0 1.2E-5")),
         (Findings{warning(rule, {16, 20, 6},
-                          "The yield stress 149000 of material 1 is not that of steel in kN and m.",
+                          "the yield stress 149000 of material 1 is not that of steel in kN and m",
                           remedy)}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 1.5E5 77.0 1.2E-5")), Findings{});
 }
@@ -187,13 +188,13 @@ TEST(UnitRules, WeightUnusual) {
                                "has 60 to 82.";
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 0.077 1.2E-5")),
               (Findings{warning(rule, {16, 27, 5},
-                                "The unit weight 0.077 of material 1 is not that of steel in kN "
-                                "and m; in MN and m it is.",
+                                "the unit weight 0.077 of material 1 is not that of steel in kN "
+                                "and m; in MN and m it is",
                                 remedy)}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 83.0 1.2E-5")),
-              (Findings{warning(
-                  rule, {16, 27, 4},
-                  "The unit weight 83 of material 1 is not that of steel in kN and m.", remedy)}));
+              (Findings{warning(rule, {16, 27, 4},
+                                "the unit weight 83 of material 1 is not that of steel in kN and m",
+                                remedy)}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 82.0 1.2E-5")), Findings{});
 }
 
@@ -203,7 +204,7 @@ TEST(UnitRules, DensityAsWeight) {
     // 7.85 t/m3 times 9.80665 m/s2 = 76.98 kN/m3
     EXPECT_EQ(found_by(rule, density),
               (Findings{warning(rule, {16, 27, 4},
-                                "The unit weight 7.85 of material 1 looks like a density in t/m3.",
+                                "the unit weight 7.85 of material 1 looks like a density in t/m3",
                                 "Give the density times gravity: 77 in kN and m.")}));
     EXPECT_EQ(found_by("weight-unusual", density), Findings{});
     const std::string none = with_material("  1  2.1E8 8.077E7 3.55E5 8.2 1.2E-5");
@@ -217,15 +218,15 @@ TEST(UnitRules, DiameterUnusual) {
     EXPECT_EQ(
         found_by(rule, with_section("914.0 25.0")),
         (Findings{warning(rule, {20, 11, 5},
-                          "The diameter 914 of section 1 is 914 m in kN and m; it looks like mm.",
+                          "the diameter 914 of section 1 is 914 m in kN and m; it looks like mm",
                           remedy)}));
     EXPECT_EQ(
         found_by(rule, with_section("0.059 0.005")),
         (Findings{warning(rule, {20, 11, 5},
-                          "The diameter 0.059 of section 1 is 0.059 m in kN and m.", remedy)}));
+                          "the diameter 0.059 of section 1 is 0.059 m in kN and m", remedy)}));
     EXPECT_EQ(found_by(rule, with_section("15.1 0.2")),
               (Findings{warning(rule, {20, 11, 4},
-                                "The diameter 15.1 of section 1 is 15.1 m in kN and m.", remedy)}));
+                                "the diameter 15.1 of section 1 is 15.1 m in kN and m", remedy)}));
     EXPECT_EQ(found_by(rule, with_section("15.0 0.2")), Findings{});
     EXPECT_EQ(found_by(rule, with_section("0.06 0.005")), Findings{});
 }
@@ -234,8 +235,8 @@ TEST(UnitRules, WallUnusual) {
     const std::string rule = "wall-unusual";
     EXPECT_EQ(found_by(rule, with_section("0.15 0.0015")),
               (Findings{warning(rule, {20, 16, 6},
-                                "The wall 0.0015 of section 1 is 1.5 mm in kN and m; a metal tube "
-                                "has 2 to 200 mm.",
+                                "the wall 0.0015 of section 1 is 1.5 mm in kN and m; a metal tube "
+                                "has 2 to 200 mm",
                                 "Give it in the length unit of the deck, m.")}));
     EXPECT_EQ(found_by(rule, with_section("0.15 0.002")), Findings{});
     // D/t of 6: that is for another rule
@@ -255,13 +256,13 @@ TEST(UnitRules, LengthUnusual) {
     const std::string remedy = "Give head and tip in the length unit of the deck, m.";
     EXPECT_EQ(found_by(rule, with_length("23988.", "24000.")),
               (Findings{warning(rule, {33, 41, 6},
-                                "Pile 2 is 24000 long from head to tip, 2.4E4 m in kN and m; it "
-                                "looks like mm.",
+                                "pile 2 is 24000 long from head to tip, 2.4E4 m in kN and m; it "
+                                "looks like mm",
                                 remedy)}));
     EXPECT_EQ(
         found_by(rule, with_length("289.", "301.")),
         (Findings{warning(rule, {33, 41, 4},
-                          "Pile 2 is 301 long from head to tip, 301 m in kN and m.", remedy)}));
+                          "pile 2 is 301 long from head to tip, 301 m in kN and m", remedy)}));
     EXPECT_EQ(found_by(rule, with_length("288.", "300.")), Findings{});
     const auto stub = [](const std::string& length) {
         return changed(with_length(length, length), "  2  2     1 2", "  2  1     2");
@@ -269,7 +270,7 @@ TEST(UnitRules, LengthUnusual) {
     EXPECT_EQ(
         found_by(rule, stub("0.49")),
         (Findings{warning(rule, {33, 41, 4},
-                          "Pile 2 is 0.49 long from head to tip, 0.49 m in kN and m.", remedy)}));
+                          "pile 2 is 0.49 long from head to tip, 0.49 m in kN and m", remedy)}));
     EXPECT_EQ(found_by(rule, stub("0.50")), Findings{});
 }
 
@@ -279,7 +280,7 @@ TEST(UnitRules, FluidWeightUnusual) {
     EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + "1.03")),
               (Findings{warning(
                   rule, {20, 45, 4},
-                  "The unit weight 1.03 of the fluid in section 1 is 1.03 kN/m3 in kN and m.",
+                  "the unit weight 1.03 of the fluid in section 1 is 1.03 kN/m3 in kN and m",
                   "Give a unit weight in the units of the deck: water has 9.81.")}));
     EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + "4.9")).size(), 1U);
     EXPECT_EQ(found_by(rule, changed(sound_deck, line + "10.0", line + "30.5")).size(), 1U);
@@ -292,8 +293,8 @@ TEST(UnitRules, TemperatureStrainUnusual) {
     const std::string rule = "temperature-strain-unusual";
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.2E-6")),
               (Findings{warning(rule, {16, 32, 6},
-                                "The temperature strain 1.2E-6 of material 1 is not that of a pile "
-                                "material for one degree.",
+                                "the temperature strain 1.2E-6 of material 1 is not that of a pile "
+                                "material for one degree",
                                 "Give the strain for one degree: steel has 1.2E-5 for one degree "
                                 "Celsius, 6.5E-6 for one Fahrenheit.")}));
     EXPECT_EQ(found_by(rule, with_material("  1  2.1E8 8.077E7 3.55E5 77.0 1.49E-6")).size(), 1U);
