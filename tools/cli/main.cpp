@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     const korvat::platform::ByteStreams streams;
     const auto texts = korvat::platform::program_arguments(argc, argv);
     std::vector<const char*> arguments;
+    arguments.reserve(texts.size());
     for (const std::string& text : texts) {
         arguments.push_back(text.c_str());
     }
