@@ -1,9 +1,9 @@
 #include "check/checker.hpp"
+#include "platform/paths.hpp"
 
 #include "check/layout.hpp"
 #include "check/read_outline.hpp"
 #include "check/rules.hpp"
-#include "check/scratch_run.hpp"
 #include "check/text.hpp"
 #include "platform/files.hpp"
 
@@ -39,6 +39,14 @@ Made made_of(const group::Group& group) {
     return made;
 }
 
+// What is missing behind the last line is told at that line: an editor has none behind it.
+void keep_in_deck(Findings& findings, const std::vector<std::string>& lines) {
+    const int last = static_cast<int>(lines.size());
+    for (Finding& finding : findings) {
+        if (finding.place.column == 0) finding.place.line = std::min(finding.place.line, last);
+    }
+}
+
 // What the run says comes first, then what explains it, then the rest in the order of the lines.
 void look(const Subject& subject, const Selection& selection, CheckedDeck& deck) {
     std::size_t about_the_run = 0;
@@ -50,21 +58,18 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
             if (is_asked_for(rule, selection, deck)) rule.look(subject, rule, deck.findings);
         }
     }
+    keep_in_deck(deck.findings, subject.lines);
     const auto line_of = [](const Finding& finding) { return finding.place.line; };
     std::ranges::stable_sort(std::span(deck.findings).subspan(about_the_run), {}, line_of);
 }
 
-} // namespace
-
-long count(const CheckedDeck& deck, Level level) {
-    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
+CheckedDeck unchecked(const DeckFile& file) {
+    return {
+        .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
 }
 
-CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
-    CheckedDeck deck{
-        .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
-    if (!file.beside.empty()) deck.off = read_settings(file.beside);
-    const ScratchRun run = run_in_scratch(file.bytes);
+void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
+                 CheckedDeck& deck) {
     const Layout layout(deck.lines);
     const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout);
     const std::string stop = stop_of(run);
@@ -77,6 +82,25 @@ CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
                           .stop = stop,
                           .layout = &layout};
     look(subject, selection, deck);
+}
+
+} // namespace
+
+long count(const CheckedDeck& deck, Level level) {
+    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
+}
+
+CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {
+    CheckedDeck deck = unchecked(file);
+    look_at_run(file, run, {.only = {"run-error"}, .off = {}}, deck);
+    return deck;
+}
+
+CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+    CheckedDeck deck = unchecked(file);
+    if (!file.beside.empty()) deck.off = read_settings(file.beside);
+    const ScratchRun run = run_in_scratch(file.bytes);
+    look_at_run(file, run, selection, deck);
     if (run.group) deck.made = made_of(*run.group);
     return deck;
 }

@@ -3,6 +3,7 @@
 
 #include "check/deck_file.hpp"
 #include "check/finding.hpp"
+#include "check/scratch_run.hpp"
 #include "check/settings.hpp"
 
 #include <optional>
@@ -37,5 +38,8 @@ struct CheckedDeck {
 
 // Raises CannotRead where the settings beside the deck are wrong, and what run_in_scratch raises.
 [[nodiscard]] CheckedDeck check_deck(const DeckFile& deck, const Selection& selection);
+
+// Of a run that has failed, its error alone, whatever the settings beside the deck are.
+[[nodiscard]] CheckedDeck error_of(const DeckFile& deck, const ScratchRun& run);
 
 } // namespace korvat::check

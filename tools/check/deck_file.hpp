@@ -2,6 +2,8 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -24,5 +26,12 @@ struct DeckFile {
 // without a file of that name may have one in other letters. Raises CannotRead: there is no such file,
 // it cannot be read, or it is larger than 16 megabytes.
 [[nodiscard]] DeckFile read_deck(const std::string& argument);
+
+// The deck of an argument that is no directory, from its bytes. Raises CannotRead when they are more than
+// 16 megabytes.
+[[nodiscard]] DeckFile deck_of(const std::string& argument, std::span<const char> bytes);
+
+// The deck in a directory; none where there is none. Raises CannotRead when the directory cannot be read.
+[[nodiscard]] std::optional<std::filesystem::path> deck_in(const std::filesystem::path& directory);
 
 } // namespace korvat::check

@@ -14,6 +14,9 @@ enum class Colour { none, terminal };
 // the end of each deck a line that sums up. With several decks, that line begins with the name.
 [[nodiscard]] std::string as_text(const std::vector<CheckedDeck>& decks, Colour colour);
 
+// The findings alone, without colours.
+[[nodiscard]] std::string findings_text(const CheckedDeck& deck);
+
 // docs/checks.md describes the members.
 [[nodiscard]] std::string as_json(const std::vector<CheckedDeck>& decks);
 

@@ -99,6 +99,14 @@ std::string as_text(const CheckedDeck& deck, const Finding& finding, const Palet
     return text;
 }
 
+std::string findings_text(const CheckedDeck& deck, const Palette& palette) {
+    std::string text;
+    for (const Finding& finding : deck.findings) {
+        text += as_text(deck, finding, palette);
+    }
+    return text;
+}
+
 std::string summary(const CheckedDeck& deck) {
     const auto number = [](std::size_t count, std::string_view noun) {
         return counted(static_cast<long>(count), noun);
@@ -128,13 +136,15 @@ std::string name_of(Level level) {
     return "";
 }
 
+std::string findings_text(const CheckedDeck& deck) {
+    return findings_text(deck, no_colours);
+}
+
 std::string as_text(const std::vector<CheckedDeck>& decks, Colour colour) {
     const Palette& palette = colour == Colour::terminal ? terminal_colours : no_colours;
     std::string text;
     for (const CheckedDeck& deck : decks) {
-        for (const Finding& finding : deck.findings) {
-            text += as_text(deck, finding, palette);
-        }
+        text += findings_text(deck, palette);
         for (const SwitchedOff& off : deck.off) {
             text += printable(deck.file) + ": " + off.rule +
                     " is switched off: " + printable(off.reason) + "\n";

@@ -15,9 +15,6 @@ namespace {
 
 using deck::RecordId;
 
-constexpr std::size_t record_width = 80; // columns that are read of a line with numbers
-constexpr std::size_t list_width = 120;  // in the cross sections of revision 5
-
 std::string_view line_of(const Subject& subject, int number) {
     const auto index = static_cast<std::size_t>(number) - 1;
     return number >= 1 && index < subject.lines.size() ? std::string_view(subject.lines[index])
@@ -71,33 +68,13 @@ void look_for_surplus(const Subject& subject, const Rule& rule, Findings& findin
     }
 }
 
-// The width of a line as the reader sees it; 0 where its text does not count.
-std::size_t width_of(const Layout& layout, int number) {
-    for (const Section& section : layout.sections()) {
-        if (number < section.lines.front().number || number > section.lines.back().number) continue;
-        const bool has_lists = section.id == SectionId::cross_sections && layout.revision() == 5;
-        return has_lists ? list_width : record_width;
-    }
-    return 0;
-}
-
-// The first token of a record that goes beyond a column. A remark in front of it makes it a remark too.
-std::optional<Token> token_beyond(std::string_view line, std::size_t width) {
-    if (line.size() <= width) return std::nullopt;
-    for (const Token& token : tokens(line, " \t,")) {
-        if (!looks_like_number(token.text)) return std::nullopt;
-        if (token.position + token.text.size() > width) return token;
-    }
-    return std::nullopt;
-}
-
 void look_for_width(const Subject& subject, const Rule& rule, Findings& findings) {
     const Layout& layout = *subject.layout;
     for (const DeckLine& line : layout.lines()) {
         if (line.text.size() <= record_width) continue; // most
-        const std::size_t width = width_of(layout, line.number);
+        const std::size_t width = layout.width_of_line(line.number);
         if (width == 0) continue;
-        const auto token = token_beyond(line.text, width);
+        const auto token = number_beyond(line.text, width);
         if (!token) continue;
         const std::string column = std::to_string(width);
         const std::string kept(token->text.substr(
@@ -193,7 +170,8 @@ void look_at_tip_table(const Subject& subject, const Rule& rule, Findings& findi
         if (nearest_integer(row->numbers[1].value) < first) return; // an error of the run
         previous = row;
         const bool is_first = last == 0; // which must be of pile 1
-        if (is_first || last < 0 || first > subject.cmn.NUMPIL || first <= last + 1) continue;
+        if (is_first || last < 0 || first > subject.cmn.NUMPIL || first <= last) continue;
+        if (first - last == 1) continue; // none between them
         const bool is_one = first == last + 2;
         tell(findings, rule, place_of(row, 1),
              (is_one ? "pile " + std::to_string(last + 1) + " is"
@@ -221,8 +199,8 @@ std::vector<Gap> gaps(const Subject& subject, RecordId id, int highest) {
         const int behind = nearest_integer(row->numbers[0].value);
         if (behind < 1 || behind > highest) break;
         if (before != nullptr) {
-            const int first = nearest_integer(before->numbers[0].value) + 1;
-            if (behind > first) found.push_back({before, row, first, behind - 1});
+            const int last = nearest_integer(before->numbers[0].value);
+            if (behind - 1 > last) found.push_back({before, row, last + 1, behind - 1});
         }
         before = row;
     }

@@ -126,4 +126,13 @@ const Section* Layout::section(SectionId id) const {
     return found == sections_.end() ? nullptr : &*found;
 }
 
+std::size_t Layout::width_of_line(int number) const {
+    for (const Section& section : sections_) {
+        if (number < section.lines.front().number || number > section.lines.back().number) continue;
+        const bool has_lists = section.id == SectionId::cross_sections && revision_ == 5;
+        return has_lists ? list_width : record_width;
+    }
+    return 0;
+}
+
 } // namespace korvat::check

@@ -9,6 +9,9 @@
 
 namespace korvat::check {
 
+inline constexpr std::size_t record_width = 80; // columns that are read of a line with numbers
+inline constexpr std::size_t list_width = 120;  // in the cross sections of revision 5
+
 // A line that the program reads: no comment, and in front of END.
 struct DeckLine {
     int number = 0; // in the file, from 1
@@ -52,6 +55,9 @@ public:
     // leaves out those behind it.
     [[nodiscard]] const std::vector<Section>& sections() const { return sections_; }
     [[nodiscard]] const Section* section(SectionId id) const;
+
+    // The columns that are read of a line, by its number; 0 where its text does not count.
+    [[nodiscard]] std::size_t width_of_line(int number) const;
 
 private:
     void find_version();

@@ -9,7 +9,7 @@
 namespace korvat::check {
 namespace {
 
-constexpr std::string_view digits = "0123456789";
+constexpr std::string_view decimal_digits = "0123456789";
 
 // Bytes behind the first of a character in UTF-8.
 bool is_continuation(char c) {
@@ -96,7 +96,7 @@ bool looks_like_number(std::string_view token) {
     token.remove_prefix(std::min(token.find_first_not_of(" \t"), token.size()));
     if (!token.empty() && (token.front() == '+' || token.front() == '-')) token.remove_prefix(1);
     if (!token.empty() && token.front() == '.') token.remove_prefix(1);
-    if (token.empty() || digits.find(token.front()) == std::string_view::npos) return false;
+    if (token.empty() || decimal_digits.find(token.front()) == std::string_view::npos) return false;
     const auto is_strange = [](char c) {
         return is_letter(c) && std::string_view("eEdD").find(c) == std::string_view::npos;
     };
@@ -119,6 +119,15 @@ std::vector<Token> leading_numbers(std::string_view line) {
     const auto is_none = [](const Token& token) { return !number_of(token.text); };
     all.erase(std::ranges::find_if(all, is_none), all.end());
     return all;
+}
+
+std::optional<Token> number_beyond(std::string_view line, std::size_t width) {
+    if (line.size() <= width) return std::nullopt;
+    for (const Token& token : tokens(line, " \t,")) {
+        if (!looks_like_number(token.text)) return std::nullopt;
+        if (token.position + token.text.size() > width) return token;
+    }
+    return std::nullopt;
 }
 
 int characters(std::string_view text) {

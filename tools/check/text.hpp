@@ -47,6 +47,9 @@ struct Token {
 // The numbers at the beginning of a line, up to the first token that is none.
 [[nodiscard]] std::vector<Token> leading_numbers(std::string_view line);
 
+// The first number of a record that goes beyond a column. A remark in front of it makes it a remark too.
+[[nodiscard]] std::optional<Token> number_beyond(std::string_view line, std::size_t width);
+
 // The characters of a text in UTF-8; a byte that is none counts as one.
 [[nodiscard]] int characters(std::string_view text);
 

@@ -1,15 +1,17 @@
 // Every threshold of the rules, with its unit and its reason.
 #pragma once
 
+#include "group/substances.hpp"
+
 namespace korvat::check::threshold {
 
 // Sizes, in m: what lies outside is a slip of units rather than a pile.
-inline constexpr double least_diameter = 0.06;    // micropiles begin at 76 mm
-inline constexpr double largest_diameter = 15.0;  // the largest monopiles have 12 m
+inline constexpr double least_diameter = group::pile_diameters.least;
+inline constexpr double largest_diameter = group::pile_diameters.largest;
 inline constexpr double least_steel_wall = 0.002; // casings begin at 4 mm
 inline constexpr double largest_steel_wall = 0.2; // the heaviest rolled shells have 150 mm
 inline constexpr double least_length = 0.5;       // of a pile; stubs in a test deck have 1 m
-inline constexpr double largest_length = 300.0;   // of a pile; the deepest have 200 m
+inline constexpr double largest_length = group::pile_lengths.largest;
 
 // Unit weights of what fills a pile, in N/m3: oil and water begin at 8000, concrete ends at 27000.
 inline constexpr double least_fluid_weight = 5.0e3;

@@ -1,21 +1,16 @@
 // The command diff: how the results of two runs differ.
+#include "cli/case.hpp"
 #include "cli/commands.hpp"
 #include "cli/difference_text.hpp"
-#include "cli/result_input.hpp"
-#include "platform/paths.hpp"
 
 #include <cmath>
-#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 #include <string>
-#include <system_error>
-#include <utility>
 
 namespace korvat::cli {
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Wishes {
     std::string a;
@@ -24,65 +19,24 @@ struct Wishes {
     bool is_json = false;
 };
 
-// One of the two sides: what was read, and whether that is load vectors alone.
-struct Side {
-    group::Group group;
-    bool is_load_file = false;
-};
-
 // What ends the command: it cannot be compared.
 class Refusal : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-void refuse_damage(const std::string& name, const std::optional<group::Damage>& damage) {
-    if (damage) throw Refusal(damage_text(name, *damage));
-}
-
-Side read_directory(const std::string& name) {
-    const fs::path directory = platform::path_of(name);
-    if (!fs::exists(directory / "PILE.07")) {
-        throw Refusal(name + ": there is no PILE.07; run korvat first");
-    }
-    group::ResultReading reading = group::read_group(directory);
-    refuse_damage(platform::name_of(directory / "PILE.07"), reading.pile_damage);
-    refuse_damage(platform::name_of(directory / "LOAD.09"), reading.load_damage);
-    return {std::move(reading.group), false};
-}
-
-Side read_file(const std::string& name) {
-    const std::vector<char> bytes = input_bytes(name);
-    const auto kind = group::file_kind(bytes);
-    if (!kind) refuse_damage(name, unknown_kind(group::read_records(bytes)));
-    if (kind == group::FileKind::load) {
-        group::LoadReading reading = group::read_load(bytes);
-        refuse_damage(name, reading.damage);
-        Side side{{}, true};
-        side.group.load_vectors = std::move(reading.vectors);
-        return side;
-    }
-    group::GroupReading reading = group::read_pile(bytes);
-    refuse_damage(name, reading.damage);
-    return {std::move(reading.group), false};
-}
-
-Side read_side(const std::string& name) {
-    std::error_code unknown; // what cannot be asked, reading shows
-    try {
-        return name != "-" && fs::is_directory(platform::path_of(name), unknown)
-                   ? read_directory(name)
-                   : read_file(name);
-    } catch (const std::system_error& error) {
-        throw Refusal(unreadable_text(name, error));
-    }
+Results read_side(const std::string& name) {
+    Results side = read_results(name);
+    tell("diff", side.note);
+    return side;
 }
 
 int diff(const Wishes& wishes) {
     try {
-        if (wishes.a == "-" && wishes.b == "-") throw Refusal("standard input is one file only");
-        const Side a = read_side(wishes.a);
-        const Side b = read_side(wishes.b);
+        if (wishes.a == "-" && wishes.b == "-")
+            throw Refusal("standard input can be one of the two only");
+        const Results a = read_side(wishes.a);
+        const Results b = read_side(wishes.b);
         if (a.is_load_file != b.is_load_file) {
             throw Refusal("a LOAD.09 cannot be compared with a PILE.07: " + wishes.a + ", " +
                           wishes.b);
@@ -92,8 +46,12 @@ int diff(const Wishes& wishes) {
                                      : differences_text(found));
         return found.empty() ? exit_code::fine : exit_code::found;
     } catch (const Refusal& refusal) {
-        std::cerr << "korvat-tools diff: " << refusal.what() << '\n';
+        tell("diff", refusal.what());
         return exit_code::wrong_use;
+    } catch (const NoResults& reason) {
+        tell("diff", reason);
+        return reason.cause() == NoResults::Cause::deck_has_errors ? exit_code::found
+                                                                   : exit_code::wrong_use;
     }
 }
 
@@ -125,12 +83,16 @@ void add_diff(CLI::App& program, int& code) {
     command->add_flag("--json", wishes->is_json, "as JSON on one line");
     command
         ->add_option("A", wishes->a,
-                     "a PILE.07, a LOAD.09 or a directory with both; - is standard input")
+                     "a directory with a deck or with the files of a run, a deck of any name, a "
+                     "PILE.07, a LOAD.09, or - for standard input")
         ->required()
         ->type_name("");
     command->add_option("B", wishes->b, "the same of the other run")->required()->type_name("");
-    command->footer("The exit code is 0 when nothing differs, 1 when something does, 2 when A and "
-                    "B cannot be compared: one cannot be read, or is damaged.");
+    command->footer(
+        "A deck without results, or newer than they are, is run in a private directory; "
+        "nothing is written into the case. "
+        "The exit code is 0 when nothing differs, 1 when something does or a deck has "
+        "an error, 2 when A and B cannot be compared: one cannot be read, or is damaged.");
     command->callback([&code, wishes] { code = diff(*wishes); });
 }
 

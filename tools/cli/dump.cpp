@@ -1,13 +1,17 @@
 // The command dump: a PILE.07 or LOAD.09 as tables, as JSON, or record by record.
+#include "check/text.hpp"
+#include "cli/case.hpp"
 #include "cli/commands.hpp"
 #include "cli/group_text.hpp"
 #include "cli/record_text.hpp"
 #include "cli/result_input.hpp"
 #include "export/group_json.hpp"
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace korvat::cli {
@@ -50,17 +54,36 @@ Shown shown_records(const std::vector<char>& bytes) {
             shown_file(bytes, false).damage};
 }
 
+// What to do with a case, which is no file of a run; empty where the name is none.
+std::string advice(const std::string& name) {
+    std::error_code unknown; // what cannot be asked, reading shows
+    if (name == "-" || !std::filesystem::is_directory(name, unknown)) return {};
+    return name + ": a directory; name the PILE.07 or LOAD.09 in it";
+}
+
+// Whether it may be a deck.
+bool is_text(const std::vector<char>& bytes) {
+    const std::string_view text(bytes.data(), bytes.size());
+    return !text.empty() && !group::begins_as_record_file(bytes) &&
+           check::is_text(check::lines_of(text));
+}
+
 int dump(const Wishes& wishes) {
+    if (const std::string text = advice(wishes.file); !text.empty()) {
+        tell("dump", text);
+        return exit_code::wrong_use;
+    }
     try {
         const std::vector<char> bytes = input_bytes(wishes.file);
         const Shown shown =
             wishes.is_records ? shown_records(bytes) : shown_file(bytes, wishes.is_json);
         std::cout << shown.text;
         if (!shown.damage) return exit_code::fine;
-        std::cerr << "korvat-tools dump: " << damage_text(wishes.file, *shown.damage) << '\n';
+        tell("dump", damage_text(wishes.file, *shown.damage));
+        if (is_text(bytes)) tell("dump", "a deck is looked at by check, diff and export");
         return exit_code::found;
     } catch (const std::system_error& error) {
-        std::cerr << "korvat-tools dump: " << unreadable_text(wishes.file, error) << '\n';
+        tell("dump", unreadable_text(wishes.file, error));
         return exit_code::wrong_use;
     }
 }

@@ -41,6 +41,7 @@ std::string sections_csv(const Group& group, const std::vector<Quantities>& quan
                     "type",
                     "tubes",
                     "part of",
+                    "material",
                     "diameter [L]",
                     "wall [L]",
                     "area [L2]",
@@ -63,13 +64,14 @@ std::string sections_csv(const Group& group, const std::vector<Quantities>& quan
                     "miscellaneous 3",
                     "curve points",
                     "steel weight [F/L]",
-                    "grout weight [F/L]",
+                    "other weight [F/L]",
                     "fluid weight [F/L]",
                     "displaced volume [L2]"});
+    const std::vector<std::string> materials = wall_materials(group);
     for (std::size_t i = 0; i < group.sections.size(); ++i) {
         const Section& s = group.sections[i];
         table.add(number_at(i)).add(s.is_composite() ? "composite" : "tube").add(tube_list(s));
-        table.add(composite_of(group, number_at(i)));
+        table.add(composite_of(group, number_at(i))).add(materials[i]);
         for (const double value : {s.diameter,
                                    s.wall,
                                    s.area,
@@ -93,7 +95,7 @@ std::string sections_csv(const Group& group, const std::vector<Quantities>& quan
             table.add(value);
         }
         const Quantities& q = quantities[i];
-        table.add(s.non_linear_code).add(q.steel_weight).add(q.grout_weight).add(q.fluid_weight);
+        table.add(s.non_linear_code).add(q.steel_weight).add(q.other_weight).add(q.fluid_weight);
         table.add(q.displaced_volume).end_row();
     }
     return table.text();
@@ -104,7 +106,7 @@ std::string elements_csv(const Group& group, const std::vector<Quantities>& quan
                     "z of upper node [L]", "x of lower node [L]", "y of lower node [L]",
                     "z of lower node [L]", "from head [L]", "length [L]", "diameter [L]",
                     "wall [L]", "elastic modulus [F/L2]", "strain", "steel weight [F]",
-                    "grout weight [F]", "fluid weight [F]", "displaced volume [L3]"});
+                    "other weight [F]", "fluid weight [F]", "displaced volume [L3]"});
     for (const Pile& pile : group.piles) {
         const std::vector<double> distances = distances_from_head(pile);
         for (std::size_t i = 0; i < pile.elements.size(); ++i) {
@@ -118,7 +120,7 @@ std::string elements_csv(const Group& group, const std::vector<Quantities>& quan
             table.add(distances[i]).add(element.length).add(element.diameter);
             table.add(group.sections[section].wall).add(group.sections[section].elastic_modulus);
             const Quantities q = element.length * quantities[section];
-            table.add(element.strain).add(q.steel_weight).add(q.grout_weight).add(q.fluid_weight);
+            table.add(element.strain).add(q.steel_weight).add(q.other_weight).add(q.fluid_weight);
             table.add(q.displaced_volume).end_row();
         }
     }
@@ -204,7 +206,7 @@ std::string loads_csv(const Group& group) {
 std::string piles_csv(const Group& group, const std::vector<Quantities>& sections) {
     CsvTable table({"pile", "fixed to", "tip code", "elements", "x of head [L]", "y of head [L]",
                     "z of head [L]", "x of tip [L]", "y of tip [L]", "z of tip [L]", "length [L]",
-                    "batter [degree]", "steel weight [F]", "grout weight [F]", "fluid weight [F]",
+                    "batter [degree]", "steel weight [F]", "other weight [F]", "fluid weight [F]",
                     "displaced volume [L3]"});
     for (const Pile& pile : group.piles) {
         table.add(pile.number).add(pile.fixed_to).add(pile.tip_code);
@@ -214,7 +216,7 @@ std::string piles_csv(const Group& group, const std::vector<Quantities>& section
         table.add(pile_length(pile));
         pile.is_dummy() ? table.add_empty() : table.add(pile_batter(pile));
         const Quantities q = pile_quantities(pile, sections);
-        table.add(q.steel_weight).add(q.grout_weight).add(q.fluid_weight).add(q.displaced_volume);
+        table.add(q.steel_weight).add(q.other_weight).add(q.fluid_weight).add(q.displaced_volume);
         table.end_row();
     }
     return table.text();

@@ -3,6 +3,7 @@
 
 #include "group/group.hpp"
 
+#include <string>
 #include <vector>
 
 namespace korvat::exporting {
@@ -11,7 +12,7 @@ namespace korvat::exporting {
 // weights are, dry or submerged.
 struct Quantities {
     double steel_weight = 0.0;     // F/L, or F
-    double grout_weight = 0.0;     // walls of a material that is not steel; F/L, or F
+    double other_weight = 0.0;     // of walls that are not known as steel; F/L, or F
     double fluid_weight = 0.0;     // inside the innermost tube; F/L, or F
     double displaced_volume = 0.0; // within the outer diameter; L2, or L3
 
@@ -21,9 +22,14 @@ struct Quantities {
 
 [[nodiscard]] Quantities operator*(double length, const Quantities& of_a_unit);
 
-// Of each section, in their order, for each unit of length. A wall is steel when its modulus is at least
-// 0.2 times the largest one of the group, otherwise grout or concrete. The tubes of each composite are
-// sections of the group.
+// What the wall of each section is made of, in their order: "steel", "concrete", "aluminium", "timber",
+// "unknown"; empty for a composite, which has its tubes for it. The files of a run do not name units: a modulus
+// is that of a substance in the units in which moduli, weights, yield stresses, diameters and lengths of the
+// group make most sense together.
+[[nodiscard]] std::vector<std::string> wall_materials(const group::Group& group);
+
+// Of each section, in their order, for each unit of length. The tubes of each composite are sections of the
+// group.
 [[nodiscard]] std::vector<Quantities> section_quantities(const group::Group& group);
 
 // Of a whole pile; `sections` are those of its group. A dummy pile has none.

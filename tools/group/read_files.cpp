@@ -1,5 +1,6 @@
 #include "group/read_files.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fstream>
@@ -12,6 +13,7 @@ namespace {
 constexpr unsigned header_byte = 0x4B;
 constexpr unsigned date_length = 12;
 constexpr unsigned label_length = 80;
+constexpr unsigned end_byte = 0x82;
 constexpr std::size_t behind_label = 1 + 1 + label_length + 1;
 constexpr unsigned counts_length = 8;
 constexpr unsigned load_count_length = 4;
@@ -41,13 +43,23 @@ std::optional<FileKind> file_kind(std::span<const char> file) {
     return std::nullopt;
 }
 
-std::vector<char> read_bytes(std::istream& in) {
+bool begins_as_record_file(std::span<const char> file) {
+    if (file.size() < 2 || byte_at(file, 0) != header_byte) return false;
+    const unsigned second = byte_at(file, 1);
+    if (second == date_length || second == end_byte) return true;
+    if (second != label_length) return false;
+    // The length of a label is a letter, and the first line of a deck may begin with both.
+    if (file.size() < behind_label) return std::ranges::find(file, '\n') == file.end();
+    return byte_at(file, behind_label - 1) == label_length;
+}
+
+std::vector<char> read_bytes(std::istream& in, std::size_t most) {
     std::vector<char> bytes;
     std::array<char, 65536> block;
     errno = 0;
     while (in.read(block.data(), block.size()) || in.gcount() > 0) {
         bytes.insert(bytes.end(), block.begin(), block.begin() + in.gcount());
-        if (bytes.size() > largest_file) {
+        if (bytes.size() > most) {
             throw std::system_error(std::make_error_code(std::errc::file_too_large));
         }
     }
@@ -55,7 +67,7 @@ std::vector<char> read_bytes(std::istream& in) {
     return bytes;
 }
 
-std::vector<char> read_bytes(const std::filesystem::path& path) {
+std::vector<char> read_bytes(const std::filesystem::path& path, std::size_t most) {
     std::error_code unknown; // what cannot be asked, opening shows
     if (std::filesystem::is_directory(path, unknown)) {
         throw failure(std::make_error_code(std::errc::is_a_directory), path);
@@ -64,7 +76,7 @@ std::vector<char> read_bytes(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) throw failure(last_error(), path);
     try {
-        return read_bytes(file);
+        return read_bytes(file, most);
     } catch (const std::system_error& error) {
         throw failure(error.code(), path);
     }

@@ -21,13 +21,18 @@ enum class FileKind { pile_revision_4, pile_revision_5, load };
 // file that is cut before, has no records, or is of another kind.
 [[nodiscard]] std::optional<FileKind> file_kind(std::span<const char> file);
 
+// Whether bytes begin as a record file does, be it whole, cut or damaged, and not as a text such as a deck:
+// behind their first byte stands a date, a label or the end of the file.
+[[nodiscard]] bool begins_as_record_file(std::span<const char> file);
+
 // More than the greatest group has, four times over.
 inline constexpr std::size_t largest_file = std::size_t{64} << 20U;
 
 // The bytes of a file. Raises std::system_error, with the reason of the system, when it cannot be read: it is
-// not there, the user may not read it, it is a directory, or it has more bytes than largest_file.
-[[nodiscard]] std::vector<char> read_bytes(const std::filesystem::path& path);
-[[nodiscard]] std::vector<char> read_bytes(std::istream& in);
+// not there, the user may not read it, it is a directory, or it has more than `most` bytes.
+[[nodiscard]] std::vector<char> read_bytes(const std::filesystem::path& path,
+                                           std::size_t most = largest_file);
+[[nodiscard]] std::vector<char> read_bytes(std::istream& in, std::size_t most = largest_file);
 
 // Both raise what read_bytes raises; a damaged file is no error, but a part of the result.
 [[nodiscard]] GroupReading read_pile_file(const std::filesystem::path& path);

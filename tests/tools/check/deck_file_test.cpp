@@ -119,7 +119,7 @@ TEST(DeckFile, TheSummaryCountsWhatTheRunMade) {
     const check::CheckedDeck deck = checked(good_deck_5());
     ASSERT_TRUE(deck.made);
     EXPECT_EQ(deck.made->piles, 3U);
-    EXPECT_EQ(deck.made->elements, 10U); // two piles of 2 + 2 + 1
+    EXPECT_EQ(deck.made->elements, 26U); // two piles of 5 + 5 + 3
     EXPECT_EQ(deck.made->sections, 5U);  // three, and two tubes
 }
 

@@ -1,5 +1,7 @@
 // Decks that are right: nothing may be said about them that an engineer would call wrong.
 #include "check/checker.hpp"
+#include "check/format.hpp"
+#include "support/document.hpp"
 #include "support/scratch_directory.hpp"
 
 #include <gtest/gtest.h>
@@ -56,6 +58,19 @@ TEST(Examples, OnlyNotesAboutWhatIsMade) {
     EXPECT_EQ(findings_of("dolphin"), (Texts{"made-sections 24", "made-piles 50"}));
     EXPECT_EQ(findings_of("limits"), (Texts{"made-sections 40", "made-piles 1119"}));
     EXPECT_EQ(findings_of("limits-revision-5"), Texts{"made-piles 1415"});
+}
+
+// What the reference shows as an example is one.
+TEST(Examples, NothingToSayOfTheDecksOfTheReference) {
+    const std::vector<std::string> decks =
+        blocks_shown_in(std::filesystem::path(KORVAT_DOCS_DIR) / "deck.md", "korvat-deck");
+    ASSERT_EQ(decks.size(), 2U); // one of each revision
+    for (const std::string& deck : decks) {
+        const check::CheckedDeck found =
+            check::check_deck({"KORVAT.INP", "KORVAT.INP", {}, deck}, {});
+        EXPECT_TRUE(found.made);
+        EXPECT_EQ(check::findings_text(found), "");
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "support/model_fixture.hpp"
 #include "support/scratch_directory.hpp"
+#include "support/sound_deck.hpp"
 
 #include "check/rule.hpp"
 #include "fortran/stop.hpp"
@@ -363,63 +364,6 @@ Wave on the cap point
   1.5     load factor
   NP   Fx     Fy    Fz     Mx     My     Mz
   1    400.0  0.0   50.0   0.0    -600.0 0.0
-END
-)";
-
-// A composite pile and a plain one with given and computed yield curves, in which no rule finds anything.
-inline const std::string sound_deck_5 = R"(A pile with an insert, kN and m
-KORVAT Version: 2009-09-01
-
-General values of the run
-  1.0     force factor
-  1.0     length factor
-  3       piles
-  3       cross sections
-  1       material types
-  3       segment types
-  0       load vectors
-  0       print level
-  0       echo level
-
-Material types
-  N    E-modulus   shear mod.   yield      unit weight   temp. strain
-       kN/m2       kN/m2        kN/m2      kN/m3         1/degree
-  1    2.1E8       8.077E7      3.55E5     77.0          1.2E-5
-
-Tubular sections
- third heading
-  N type code mat  diam  wall   EA EI GA GJ  fluid ecc  three values
-  1  2  0  0  0.    0.     0. 0. 0. 0.  0.    0.   0. 0. 0.
-  1  1  1  0  1  1.000  0.030   0. 0. 0. 0.   0.0   0.   0. 0. 0.
-  1  2  1  0  1  0.940  0.020   0. 0. 0. 0.  10.0   0.   0. 0. 0.
-  2  1 -1  1  1.000  0.030   0. 0. 0. 0.  10.0   0.   0. 0. 0.
-  3  1  3  1  0.800  0.020   0. 0. 0. 0.  10.0   0.   0. 0. 0.
-  3  1    15600.      0.    17400.      0.
-  3  2        0.   3310.        0.   4320.
-  3  3   -15600.      0.   -17400.      0.
-
-Pile segment types
-  N  start  end  length  elements
-  1  1      1    10.0    5
-  2  2      2    9.0     5
-  3  3      3    6.0     3
-
-Pile geometry
-  NP gen sym  xh   yh   zh    xt   yt   zt
-  1  0   0    0.0  0.0  -1.0  0.0  0.0  -1.0
-  2  0   0    3.0  0.0  0.0   10.0 0.0  24.0
-  3  2   2    0.0  0.0  0.0   0.0  0.0  0.0
-  NP NSEG  types
-  1  0
-  2  3     1 2 3
-  NP1 NP2  tip  fix
-  1   1    0    0
-  2   3    0    1
-
-Special pile node values
-  NP1 NP2 ND1 ND2 code  values
-  2   3   1   5   4     1.8E-4 0.0 0.0  0.0 0.0 0.0
-  0   0   0   0   0     0.0 0.0 0.0  0.0 0.0 0.0
 END
 )";
 

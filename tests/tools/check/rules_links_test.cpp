@@ -154,17 +154,15 @@ TEST(LinkRules, ReplacedNodeValues) {
 
 TEST(LinkRules, TemperatureOfAComposite) {
     const std::string rule = "composite-temperature";
-    const std::string deck = changed(sound_deck_5, "     1.8E-4 0.0", "     15.0   0.0");
+    const std::string deck = changed(sound_deck_5(), "     1.8E-4 ", "     15.0   ");
     EXPECT_EQ(found_by(rule, deck),
-              (Findings{warning(rule, word_of(deck, "  2   3   1   5   4 ", 6),
+              (Findings{warning(rule, word_of(deck, "  2    3    1   5    4 ", 6),
                                 "element 1 of pile 2 is of composite section 1 and gets the "
                                 "temperature strain 15: it takes the node values themselves",
                                 "Give the nodes of composites the strain, such as 15 times "
                                 "1.2E-5.")}));
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, "     1.8E-4 0.0", "     0.0101 0.0")).size(),
-              1U);
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, "     1.8E-4 0.0", "     0.01   0.0")),
-              Findings{});
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), "     1.8E-4 ", "     0.0101 ")).size(), 1U);
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), "     1.8E-4 ", "     0.01   ")), Findings{});
 }
 
 TEST(LinkRules, ValuesBehindATemperature) {

@@ -29,7 +29,7 @@ std::string lines_by_rule(const Findings& findings) {
 }
 
 TEST(ModelRules, NothingToSayOfSoundDecks) {
-    for (const std::string& deck : {sound_deck, sound_deck_5}) {
+    for (const std::string& deck : {sound_deck, sound_deck_5()}) {
         const CheckedDeck checked(deck);
         EXPECT_EQ(checked.exit_code(), 0);
         EXPECT_EQ(checked.all_findings(), Findings{});
@@ -132,7 +132,7 @@ TEST(ModelRules, TakeAnyRows) {
     std::mt19937 random(11);
     const std::string refused =
         changed(sound_deck, "  1  1    1.0       0.030 ", "  1  1    1.0       25.0 ");
-    for (const std::string& deck : {sound_deck, sound_deck_5, refused}) {
+    for (const std::string& deck : {sound_deck, sound_deck_5(), refused}) {
         const CheckedDeck checked(deck);
         const int lines = static_cast<int>(checked.lines().size());
         for (int i = 0; i < 300; ++i) {

@@ -58,16 +58,17 @@ TEST(SectionRules, LargeSlenderness) {
 
 TEST(SectionRules, SlendernessThatStopsTheRun) {
     const std::string rule = "dt-stops-run";
-    const std::string line = "  2  1 -1  1  1.000  ";
-    EXPECT_EQ(found_in_refused(rule, changed(sound_deck_5, line + "0.030", line + "0.00825")),
+    const std::string line = "  2  1  -1    1   1.000  ";
+    EXPECT_EQ(found_in_refused(rule, changed(sound_deck_5(), line + "0.030", line + "0.00825")),
               (Findings{warning(
-                  rule, {26, 22, 7},
+                  rule, {26, 26, 7},
                   "the wall 0.00825 of section 2 makes D/t 121.2, above 120: no yield curve "
                   "can be computed, and the run stops",
                   "Make the wall thicker, or give the curve by points with a code of 1 to "
                   "10.")}));
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, line + "0.030", line + "0.00834")), Findings{});
-    EXPECT_EQ(found_by("dt-large", changed(sound_deck_5, line + "0.030", line + "0.00834")),
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), line + "0.030", line + "0.00834")),
+              Findings{});
+    EXPECT_EQ(found_by("dt-large", changed(sound_deck_5(), line + "0.030", line + "0.00834")),
               Findings{});
 }
 
@@ -92,17 +93,17 @@ TEST(SectionRules, GivenStiffness) {
 
 TEST(SectionRules, NoAxialYield) {
     const std::string rule = "no-axial-yield";
-    const std::string linear = changed(sound_deck_5, "  2  1 -1  1 ", "  2  1  0  1 ");
+    const std::string linear = changed(sound_deck_5(), "  2  1  -1    1 ", "  2  1   0    1 ");
     const auto with_yield = [&](std::string_view stress) {
         return changed(linear, "8.077E7      3.55E5 ", "8.077E7      " + std::string(stress) + " ");
     };
     const std::string remedy = "Give material 1 its yield stress, if the axial capacity is wanted.";
     EXPECT_EQ(
         found_by(rule, with_yield("0.0")),
-        (Findings{note(rule, {24, 15, 1},
+        (Findings{note(rule, {24, 19, 1},
                        "the sum of A sigma_y of section 1 is 0: its material has no yield stress",
                        remedy),
-                  note(rule, {26, 12, 1},
+                  note(rule, {26, 15, 1},
                        "the sum of A sigma_y of section 2 is 0: its material has no yield stress",
                        remedy)}));
     EXPECT_EQ(found_by(rule, with_yield("1.0")), Findings{});
@@ -112,18 +113,19 @@ TEST(SectionRules, CurveFarFromYield) {
     const std::string rule = "curve-far";
     const std::string line = "  3  1    15600.      0.    ";
     // A sigma_y = pi 0.78 0.02 3.55E5 = 17398.1; 3 times that is 52194.
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, line + "17400.", line + "52300.")),
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), line + "17400.", line + "52300.")),
               (Findings{warning(rule, {28, 29, 6},
                                 "the largest axial force 52300 of the yield curve of section 3 is "
                                 "3.01 times its sum of A sigma_y, 17398.1",
                                 "Give the points in stored units: they are not multiplied by the "
                                 "unit factors.")}));
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, line + "17400.", line + "52100.")), Findings{});
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), line + "17400.", line + "52100.")),
+              Findings{});
 }
 
 TEST(SectionRules, CurveInTheUnitsOfTheDeck) {
     // In N the yield force is 1.73981E7, and the points are not multiplied.
-    const std::string in_newton = changed(sound_deck_5, "  1.0     force", "  1000.   force");
+    const std::string in_newton = changed(sound_deck_5(), "  1.0     force", "  1000.   force");
     const Findings found = found_by("curve-far", in_newton);
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(found.front().message,
@@ -136,15 +138,15 @@ TEST(SectionRules, ElasticCurveOutside) {
     const std::string line = "  3  2        0.   ";
     // 1 % of the largest plastic moment, 4320, is rounding: 4363.2 is the border.
     EXPECT_EQ(
-        found_by(rule, changed(sound_deck_5, line + "3310.", line + "4364.")),
+        found_by(rule, changed(sound_deck_5(), line + "3310.", line + "4364.")),
         (Findings{warning(rule, {29, 20, 5},
                           "the elastic moment 4364 of section 3 at the axial force 0 is above "
                           "the plastic one, 4320",
                           "Exchange the curves, or correct the point: a section yields before "
                           "it reaches its capacity.")}));
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, line + "3310.", line + "4363.")), Findings{});
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), line + "3310.", line + "4363.")), Findings{});
     // At the axial force 8700, half-way down the plastic curve, the plastic moment is 2160.
-    EXPECT_EQ(found_by(rule, changed(sound_deck_5, "  3  2        0.   3310.",
+    EXPECT_EQ(found_by(rule, changed(sound_deck_5(), "  3  2        0.   3310.",
                                      "  3  2     8700.   3310."))
                   .at(0)
                   .message,

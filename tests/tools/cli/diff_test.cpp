@@ -146,7 +146,7 @@ TEST_F(Diff, ComparesFilesAndDirectories) {
 
 TEST_F(Diff, RefusesWhatCannotBeRead) {
     EXPECT_EQ(called_with({"diff", path("a"), path("b")}),
-              refused(path("a") + ": there is no PILE.07; run korvat first"));
+              refused(path("a") + ": neither a PILE.07 nor a KORVAT.INP in this directory"));
     write("whole", written_pile_file(a));
     EXPECT_EQ(called_with({"diff", path("whole"), path("absent")}),
               refused(path("absent") + ": No such file or directory"));
@@ -156,7 +156,8 @@ TEST_F(Diff, RefusesWhatCannotBeRead) {
     EXPECT_EQ(called_with({"diff", path("whole"), "-"}, "K\x82"),
               refused("standard input: offset 1: the file has no records: the run that wrote it "
                       "failed"));
-    EXPECT_EQ(called_with({"diff", "-", "-"}), refused("standard input is one file only"));
+    EXPECT_EQ(called_with({"diff", "-", "-"}),
+              refused("standard input can be one of the two only"));
 }
 
 } // namespace

@@ -209,7 +209,7 @@ TEST_F(Dump, ShowsWhatStandsBeforeTheDamage) {
 TEST_F(Dump, TellsWhatIsNeitherFile) {
     EXPECT_EQ(called_with({"dump", file("")}),
               (CommandCall{1, "", damage("offset 0: the file is empty")}));
-    EXPECT_EQ(called_with({"dump", file("\x89PNG")}),
+    EXPECT_EQ(called_with({"dump", file(std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16))}),
               (CommandCall{1, "", damage("offset 0: the file does not begin with the letter K")}));
     EXPECT_EQ(
         called_with({"dump", file("K\x82")}),
@@ -225,6 +225,14 @@ TEST_F(Dump, TellsWhatIsNeitherFile) {
                                   "of a LOAD.09")}));
 }
 
+TEST_F(Dump, TellsWhatADeckIsFor) {
+    EXPECT_EQ(called_with({"dump", file("A deck\n\nGeneral values\n")}),
+              (CommandCall{1, "",
+                           damage("offset 0: the file does not begin with the letter K") +
+                               "korvat-tools dump: a deck is looked at by check, diff and "
+                               "export\n"}));
+}
+
 TEST_F(Dump, WhatCannotBeReadIsWrongUse) {
     const std::string absent = (scratch_.path() / "absent").generic_string();
     EXPECT_EQ(
@@ -232,7 +240,9 @@ TEST_F(Dump, WhatCannotBeReadIsWrongUse) {
         (CommandCall{2, "", "korvat-tools dump: " + absent + ": No such file or directory\n"}));
     const std::string directory = scratch_.path().generic_string();
     EXPECT_EQ(called_with({"dump", directory}),
-              (CommandCall{2, "", "korvat-tools dump: " + directory + ": Is a directory\n"}));
+              (CommandCall{2, "",
+                           "korvat-tools dump: " + directory +
+                               ": a directory; name the PILE.07 or LOAD.09 in it\n"}));
     EXPECT_EQ(called_with({"dump"}).code, 2);
     EXPECT_EQ(called_with({"dump", "--json", "--records", "-"}).code, 2);
 }

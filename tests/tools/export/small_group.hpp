@@ -49,7 +49,7 @@ inline group::Group small_group() {
     grout.area = 1.5;
     grout.wall_weight = 2.0;
     grout.fluid_weight = 16.0;
-    grout.elastic_modulus = 39.0; // just below 0.2 times 200
+    grout.elastic_modulus = 39.0;
 
     group::Pile dummy{.number = 1, .fixed_to = 0, .tip_code = 0, .nodes = {{}}, .elements = {}};
     dummy.nodes[0] = {0.5,

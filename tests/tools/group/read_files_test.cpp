@@ -5,6 +5,7 @@
 #include "sample_group.hpp"
 #include "support/scratch_directory.hpp"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <system_error>
@@ -39,6 +40,22 @@ TEST(FileKind, IsToldByTheFirstTwoRecords) {
     EXPECT_EQ(kind(pile5.substr(0, 1)), std::nullopt);
     for (const char* const other : {"", "K\x82", "K\x04", "\x89PNG\r\n", "P\x50"})
         EXPECT_EQ(kind(other), std::nullopt) << other;
+}
+
+// Cut behind each byte but the first, they are files of a run still; a text is none, though it may begin
+// with the same two letters.
+TEST(FileKind, IsNotThatOfATextWhereAFileIsCut) {
+    for (const std::string& file :
+         {written_pile_file(sample_group(4)), written_pile_file(sample_group(5)),
+          written_load_file(sample_loads()), std::string("K\x82")}) {
+        for (std::size_t length = 2; length <= std::min<std::size_t>(file.size(), 300); ++length)
+            EXPECT_TRUE(group::begins_as_record_file(file.substr(0, length))) << length;
+    }
+    for (const std::string& text :
+         {std::string(), std::string("K"), std::string("KP\n"), std::string("A deck\n"),
+          "KP" + std::string(80, 'x') + "\n", "KP" + std::string(79, 'x') + "\n",
+          "KP" + std::string(81, 'x') + "\n", "PP" + std::string(80, 'x') + "P"})
+        EXPECT_FALSE(group::begins_as_record_file(text)) << text;
 }
 
 TEST(ReadGroup, TakesTheLoadVectorsWhereThereAreAny) {
