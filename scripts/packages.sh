@@ -51,7 +51,7 @@ test_packages=("${build_packages[@]}" "${tools_packages[@]}" zsh fish libgtest-d
     python3-vtk9 python3-meshio python3-pandas python3-numpy python3-matplotlib python3-build python3-setuptools python3-wheel
     python3-pip mypy vim libonig5 python3-jsonschema python3-rfc3987)
 picture_packages=(python3-vtk9 libgl1-mesa-dri xvfb xauth)
-windows_packages=("${build_packages[@]}" python3 googletest
+windows_packages=("${build_packages[@]}" "${tools_packages[@]}" googletest
     g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)
 bench_packages=("${build_packages[@]}" python3 time valgrind)
 fuzz_packages=("${build_packages[@]}" nlohmann-json3-dev libtomlplusplus-dev python3 clang libclang-rt-14-dev llvm-14)

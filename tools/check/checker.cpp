@@ -1,4 +1,5 @@
 #include "check/checker.hpp"
+#include "platform/paths.hpp"
 
 #include "check/layout.hpp"
 #include "check/read_outline.hpp"
@@ -86,7 +87,7 @@ void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& s
 } // namespace
 
 long count(const CheckedDeck& deck, Level level) {
-    return std::ranges::count(deck.findings, level, &Finding::level);
+    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
 }
 
 CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {

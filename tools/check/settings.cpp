@@ -3,6 +3,7 @@
 #include "check/deck_file.hpp"
 #include "check/rules.hpp"
 #include "check/text.hpp"
+#include "platform/paths.hpp"
 
 #include <algorithm>
 #include <fstream>
@@ -46,7 +47,7 @@ std::vector<SwitchedOff> read_settings(const std::filesystem::path& directory) {
     const std::filesystem::path path = directory / "korvat-check.toml";
     std::ifstream stream(path, std::ios::binary);
     if (!stream) return {};
-    const std::string file = path.string();
+    const std::string file = platform::name_of(path);
     const std::string text(std::istreambuf_iterator<char>(stream), {});
     refuse_control_characters(file, text);
     std::vector<SwitchedOff> off;
