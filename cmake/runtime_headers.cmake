@@ -1,5 +1,6 @@
 # The headers alone that the build needs of this machine, for a compiler that must not see its others: those of
-# the Fortran runtime and, for korvat-tools, of CLI11, nlohmann-json and toml++.
+# the Fortran runtime and, for korvat-tools, of CLI11, nlohmann-json, toml++ and
+# xxHash.
 set(KORVAT_RUNTIME_SOURCE /usr/include CACHE PATH "Where the Fortran runtime's headers are installed")
 set(KORVAT_RUNTIME_HEADERS ${PROJECT_BINARY_DIR}/runtime)
 file(
@@ -9,8 +10,9 @@ file(
 
 if(KORVAT_TOOLS)
   set(KORVAT_TOOLS_SOURCE /usr/include
-      CACHE PATH "Where the headers of CLI11, nlohmann-json and toml++ are installed")
+      CACHE PATH "Where the headers of CLI11, nlohmann-json, toml++ and xxHash are installed")
   set(KORVAT_TOOLS_HEADERS ${PROJECT_BINARY_DIR}/tools-headers)
   file(COPY ${KORVAT_TOOLS_SOURCE}/CLI ${KORVAT_TOOLS_SOURCE}/nlohmann ${KORVAT_TOOLS_SOURCE}/toml++
+            ${KORVAT_TOOLS_SOURCE}/xxhash.h
        DESTINATION ${KORVAT_TOOLS_HEADERS})
 endif()
