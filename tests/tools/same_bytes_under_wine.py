@@ -43,6 +43,9 @@ def make_cases(directory, korvat):
             sound.append(name)
     (directory / "cut").write_bytes((directory / "dolphin/PILE.07").read_bytes()[:5000])
     (directory / "zeros").write_bytes(bytes(5000))
+    jacket = decks["jacket"].read_text()
+    (directory / "study.inp").write_text(jacket.replace("  1   1    1.524     0.050 ", "  1   1    {d}     {wall:.3f} "))
+    (directory / "study.csv").write_text("wall,name\n0.050,dünn\n0.060,dick\n")
     rules = directory / "rules"
     rules.mkdir()
     shutil.copy(decks["jacket"], rules / "Revision Ä.txt")
@@ -67,6 +70,9 @@ def calls_for(directory, names, sound):
               Call(("diff", AWKWARD, "cut")), Call(("export", "--to", "csv", "-o", "out/cut", "cut"))]
     for a, b in zip(sound, sound[1:]):
         calls += [Call(("diff", a, b)), Call(("diff", "--json", "--rel", "1e-3", a, b))]
+    study = ("sweep", "study.inp", "study.csv", "--grid", "d=1.524:1.724:0.1")
+    calls += [Call((*study, "-o", f"out/{AWKWARD}")), Call((*study, "--name", "name", "-o", "out/study")),
+              Call(("sweep", "study.inp", "--grid", "wall=0.05,0.06", "--grid", "d=1.5", "-o", "out/grid"))]
     calls += [Call(("--version",)), Call(("--help",)), Call(("help", "check")), Call(("help", "diff", "--man")),
               Call(("completion", "bash")), Call(("check",)), Call(("chekc",)), Call(("dump", "--jsn", "/cut"))]
     return calls
