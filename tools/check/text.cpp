@@ -1,5 +1,7 @@
 #include "check/text.hpp"
 
+#include "text/utf8.hpp"
+
 #include "fortran/number.hpp"
 
 #include <algorithm>
@@ -10,11 +12,6 @@ namespace korvat::check {
 namespace {
 
 constexpr std::string_view decimal_digits = "0123456789";
-
-// Bytes behind the first of a character in UTF-8.
-bool is_continuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
 bool is_letter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -131,7 +128,8 @@ std::optional<Token> number_beyond(std::string_view line, std::size_t width) {
 }
 
 int characters(std::string_view text) {
-    const auto count = std::ranges::count_if(text, [](char c) { return !is_continuation(c); });
+    const auto count =
+        std::ranges::count_if(text, [](char c) { return !text::is_continuation(c); });
     return static_cast<int>(count);
 }
 
