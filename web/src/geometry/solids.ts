@@ -1,6 +1,6 @@
 // Merges cylinders and cones into one indexed mesh, so that a whole group takes one draw call.
-import { frameAbout } from "./frame.ts";
-import { sub, type Vec } from "./vec.ts";
+import { frameAbout, type Frame } from "./frame.ts";
+import { length, sub, type Vec } from "./vec.ts";
 
 /** A straight round solid. Radii may differ (a cone); a closed end has a disc. Lengths in the deck's unit. */
 export interface Solid {
@@ -34,59 +34,58 @@ export function meshOf(solids: readonly Solid[], sides: number, origin: Vec): Me
         index: new Uint32Array(indices),
         firstVertex: new Uint32Array(solids.length + 1),
     };
-    const circle = Array.from({ length: sides }, (_, k) => (2 * Math.PI * k) / sides);
-    const cosines = circle.map(Math.cos);
-    const sines = circle.map(Math.sin);
+    const cosines = new Float64Array(sides).map((_, k) => Math.cos((2 * Math.PI * k) / sides));
+    const sines = new Float64Array(sides).map((_, k) => Math.sin((2 * Math.PI * k) / sides));
+    const { position, normal, index, firstVertex } = mesh;
     let vertex = 0;
     let place = 0;
 
-    solids.forEach((solid, s) => {
-        mesh.firstVertex[s] = vertex;
-        const span = sub(solid.to, solid.from);
-        const { axis, u, v } = frameAbout(span);
-        const size = Math.hypot(...span);
-        const slope = size > 0 ? (solid.fromRadius - solid.toRadius) / size : 0;
-        const steep = Math.hypot(1, slope);
-
-        const put = (end: Vec, radius: number, k: number, normal: (across: Vec) => Vec): void => {
-            const across: Vec = [
-                cosines[k] * u[0] + sines[k] * v[0],
-                cosines[k] * u[1] + sines[k] * v[1],
-                cosines[k] * u[2] + sines[k] * v[2],
-            ];
-            const n = normal(across);
+    /**
+     * A ring of vertices about an end. Their normals are outward times across plus axis times along: plain numbers and
+     * loops here, for a group may have a hundred thousand tubes.
+     */
+    const ring = ({ axis, u, v }: Frame, end: Vec, radius: number, across: number, along: number): void => {
+        for (let k = 0; k < sides; ++k) {
             for (let i = 0; i < 3; ++i) {
-                mesh.position[3 * vertex + i] = end[i] - origin[i] + radius * across[i];
-                mesh.normal[4 * vertex + i] = Math.round(127 * n[i]);
+                const outward = cosines[k] * u[i] + sines[k] * v[i];
+                position[3 * vertex + i] = end[i] - origin[i] + radius * outward;
+                normal[4 * vertex + i] = Math.round(127 * (across * outward + along * axis[i]));
             }
             ++vertex;
-        };
-        const outward = (across: Vec): Vec => [
-            (across[0] + slope * axis[0]) / steep,
-            (across[1] + slope * axis[1]) / steep,
-            (across[2] + slope * axis[2]) / steep,
-        ];
-        const wall = vertex;
-        for (let k = 0; k < sides; ++k) put(solid.from, solid.fromRadius, k, outward);
-        for (let k = 0; k < sides; ++k) put(solid.to, solid.toRadius, k, outward);
-        for (let k = 0; k < sides; ++k) {
-            const next = (k + 1) % sides;
-            const [a, b, c, d] = [wall + k, wall + next, wall + sides + k, wall + sides + next];
-            mesh.index.set([a, b, c, b, d, c], place);
-            place += 6;
         }
-        const disc = (end: Vec, radius: number, normal: Vec, flipped: boolean): void => {
-            const first = vertex;
-            for (let k = 0; k < sides; ++k) put(end, radius, k, () => normal);
-            for (let k = 1; k + 1 < sides; ++k) {
-                mesh.index.set(flipped ? [first, first + k + 1, first + k] : [first, first + k, first + k + 1], place);
-                place += 3;
-            }
-        };
-        if (solid.closedFrom) disc(solid.from, solid.fromRadius, [-axis[0], -axis[1], -axis[2]], true);
-        if (solid.closedTo) disc(solid.to, solid.toRadius, axis, false);
+    };
+    const triangle = (a: number, b: number, c: number): void => {
+        index[place++] = a;
+        index[place++] = b;
+        index[place++] = c;
+    };
+    const disc = (frame: Frame, end: Vec, radius: number, facing: 1 | -1): void => {
+        const first = vertex;
+        ring(frame, end, radius, 0, facing);
+        for (let k = 1; k + 1 < sides; ++k)
+            if (facing > 0) triangle(first, first + k, first + k + 1);
+            else triangle(first, first + k + 1, first + k);
+    };
+
+    solids.forEach((solid, s) => {
+        firstVertex[s] = vertex;
+        const span = sub(solid.to, solid.from);
+        const frame = frameAbout(span);
+        const size = length(span);
+        const slope = size > 0 ? (solid.fromRadius - solid.toRadius) / size : 0;
+        const steep = Math.hypot(1, slope);
+        const wall = vertex;
+        ring(frame, solid.from, solid.fromRadius, 1 / steep, slope / steep);
+        ring(frame, solid.to, solid.toRadius, 1 / steep, slope / steep);
+        for (let k = 0; k < sides; ++k) {
+            const next = k + 1 < sides ? k + 1 : 0;
+            triangle(wall + k, wall + next, wall + sides + k);
+            triangle(wall + next, wall + sides + next, wall + sides + k);
+        }
+        if (solid.closedFrom) disc(frame, solid.from, solid.fromRadius, -1);
+        if (solid.closedTo) disc(frame, solid.to, solid.toRadius, 1);
     });
-    mesh.firstVertex[solids.length] = vertex;
+    firstVertex[solids.length] = vertex;
     return mesh;
 }
 

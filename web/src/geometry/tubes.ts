@@ -1,6 +1,7 @@
 // The tubes of a group as solids: true diameters, closed where the inside would be seen, and as round as the group allows.
 import type { Run } from "./runs.ts";
 import type { Solid } from "./solids.ts";
+import { dot, length, sub } from "./vec.ts";
 
 /** Solid s is of run s. Elements without diameter are drawn with the radius thin. */
 export function tubeSolids(runs: readonly Run[], thin: number): Solid[] {
@@ -19,9 +20,8 @@ export function tubeSolids(runs: readonly Run[], thin: number): Solid[] {
 }
 
 function inLine(a: Run, b: Run): boolean {
-    const [da, db] = [a, b].map((run) => [0, 1, 2].map((i) => run.to[i] - run.from[i]));
-    const [la, lb] = [Math.hypot(...da), Math.hypot(...db)];
-    return da.reduce((sum, value, i) => sum + value * db[i], 0) > 0.9999 * la * lb;
+    const [along, before] = [sub(a.to, a.from), sub(b.to, b.from)];
+    return dot(along, before) > 0.9999 * length(along) * length(before);
 }
 
 /** How many sides the tubes have: fewer for groups of very many tubes, so that they turn with ease. */

@@ -57,7 +57,7 @@ export function wireDeck(records: Records, tooltip: Tooltip): void {
 
     list.addEventListener("mouseover", (event) => {
         const line = lineOf(event.target);
-        if (!line) return tooltip.hide();
+        if (!line) { tooltip.hide(); return; }
         wrapNumbers(line);
         const span = event.target instanceof Element ? event.target.closest(".number") : null;
         const text = span ? textFor(line, span) : null;

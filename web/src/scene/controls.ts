@@ -43,7 +43,7 @@ export function wireControls(canvas: HTMLCanvasElement, handlers: Handlers): voi
     canvas.addEventListener("pointermove", (event) => {
         const now = inside(event);
         const before = pressed.get(event.pointerId);
-        if (!before) return handlers.point(now.x, now.y);
+        if (!before) { handlers.point(now.x, now.y); return; }
         const [right, down] = [now.x - before.x, now.y - before.y];
         moved += Math.abs(right) + Math.abs(down);
         if (pressed.size === 1 && moved <= CLICK) return;
