@@ -16,9 +16,9 @@ export const KINDS: readonly Rgb[] = [
 
 export const NONE: Rgb = parse("#9a9a9a");
 
-/** The stops of viridis, without its lightest end, which is lost on a white page. */
+/** From violet by blue and green to yellow, ever lighter in even steps; no end is lost on a white or on a dark page. */
 const RAMP: readonly Rgb[] = [
-    "#440154", "#482878", "#3e4989", "#31688e", "#26828e", "#1f9e89", "#35b779", "#6ece58", "#b5de2b",
+    "#5b2a86", "#4d4a97", "#3c6496", "#2c7b8e", "#1f9389", "#2aaa7e", "#54c067", "#8dd14e", "#c2df3a",
 ].map(parse);
 
 /** The colour at a share of the ramp, 0 to 1. */

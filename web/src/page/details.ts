@@ -22,6 +22,12 @@ export function sectionText(group: Group, number: number): string {
     return tubes.map((tube) => `${shortNumber(tube.diameter)} × ${shortNumber(tube.wall)}`).join(" + ");
 }
 
+function sectionWords(group: Group, number: number): string {
+    if (number === 0) return "no section";
+    const tubes = sectionText(group, number);
+    return tubes === "" ? `section ${number}` : `section ${number} (${tubes})`;
+}
+
 /** The sections of a pile from its head down: levels of begin and end, number, tubes. Neighbours of the same section are one. */
 export function sectionsOverDepth(group: Group, pile: Pile): Cells[] {
     const rows: Cells[] = [];
@@ -63,7 +69,7 @@ function facts(report: Report, group: Group, pile: Pile): [string, string][] {
     const list: [string, string][] = [
         ["Origin", from],
         ["Length", withUnit(shortNumber(pile.length), length)],
-        ["Batter", `${shortNumber(pile.batter)}° from the vertical`],
+        ["Batter", `${shortNumber(Number(pile.batter.toFixed(3)))}° from the vertical`],
         ["Head", point(headOf(group, pile))],
         ["Tip", `${point(tipOf(group, pile))} (code ${pile.tip_code})`],
         ["Elements", `${pile.elements}`],
@@ -99,7 +105,7 @@ function elementText(report: Report, group: Group, pile: Pile, element: number):
     if (element < 1 || element > pile.elements) return null;
     const node = pile.first_node + element - 1;
     const section = group.section[index];
-    return `Element ${element}: section ${section > 0 ? section : "none"} ${sectionText(group, section)}, length ${withUnit(shortNumber(group.length[index]), report.units.length)}, `
+    return `Element ${element}: ${sectionWords(group, section)}, length ${withUnit(shortNumber(group.length[index]), report.units.length)}, `
         + `z from ${shortNumber(group.z[node])} to ${shortNumber(group.z[node + 1])}`;
 }
 

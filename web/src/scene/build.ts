@@ -1,9 +1,9 @@
 // Turns solids, lines, dots and planes into objects of three.js.
-import { BufferAttribute, BufferGeometry, LineBasicMaterial, LineSegments, Mesh, Points, type Material } from "three";
+import { BufferAttribute, BufferGeometry, LineSegments, Mesh, Points, type Material } from "three";
 import type { Rgb } from "../colour/palette.ts";
 import { meshOf, type Solid } from "../geometry/solids.ts";
 import type { Vec } from "../geometry/vec.ts";
-import { colourOf } from "./materials.ts";
+import { lineMaterial, type Shared } from "./materials.ts";
 
 export interface SolidMesh {
     readonly mesh: Mesh;
@@ -48,9 +48,8 @@ function pointsGeometry(points: readonly Vec[], origin: Vec): BufferGeometry {
 }
 
 /** Thin lines between pairs of points. */
-export function lines(points: readonly Vec[], origin: Vec, colour: Rgb, opacity = 1): LineSegments {
-    const material = new LineBasicMaterial({ color: colourOf(colour), transparent: opacity < 1, opacity, toneMapped: false });
-    const object = new LineSegments(pointsGeometry(points, origin), material);
+export function lines(points: readonly Vec[], origin: Vec, colour: Rgb, shared: Shared): LineSegments {
+    const object = new LineSegments(pointsGeometry(points, origin), lineMaterial(shared, colour));
     object.frustumCulled = false;
     return object;
 }

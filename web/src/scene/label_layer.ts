@@ -2,7 +2,7 @@
 import { Vector3, type Camera } from "three";
 import { make } from "../page/dom.ts";
 import type { Vec } from "../geometry/vec.ts";
-import { withoutOverlap, type Placed } from "./labels.ts";
+import { belowCut, withoutOverlap, type Placed } from "./labels.ts";
 import type { Label } from "./layers.ts";
 
 export interface PlacedLabel {
@@ -11,21 +11,35 @@ export interface PlacedLabel {
     readonly y: number;
 }
 
-/** Where labels lie in a picture of that size; those that would overlap are left out. em: the height of the text. */
-export function placeLabels(labels: readonly Label[], camera: Camera, origin: Vec, width: number, height: number, em: number): PlacedLabel[] {
-    const point = new Vector3();
-    const placed = labels.map((label): Placed & PlacedLabel => {
-        point.set(label.point[0] - origin[0], label.point[1] - origin[1], label.point[2] - origin[2]).project(camera);
-        const raised = label.kind === "pile" || label.kind === "cap" ? 1.0 * em : 0;
-        const behind = point.z > 1;
-        return {
+export interface Picture {
+    readonly camera: Camera;
+    readonly origin: Vec;
+    readonly width: number;
+    readonly height: number;
+    /** The height of the text. */
+    readonly em: number;
+    readonly cut: number | null;
+    /** The number of the selected pile, whose label goes before all others. */
+    readonly selected: number | null;
+}
+
+/** Where labels lie in a picture; those of what is cut away and those that would overlap are left out. */
+export function placeLabels(labels: readonly Label[], { camera, origin, width, height, em, cut, selected }: Picture): PlacedLabel[] {
+    const projected = new Vector3();
+    const placed = labels.flatMap((label): (Placed & PlacedLabel)[] => {
+        const point = label.kind === "axis" ? label.point : belowCut(label.point, label.end, cut);
+        if (!point) return [];
+        projected.set(point[0] - origin[0], point[1] - origin[1], point[2] - origin[2]).project(camera);
+        if (!(projected.z <= 1)) return [];
+        const raised = label.kind === "pile" || label.kind === "cap" ? 1.1 * em : 0;
+        return [{
             label,
-            x: behind ? -1e6 : ((point.x + 1) / 2) * width,
-            y: ((1 - point.y) / 2) * height - raised,
+            x: ((projected.x + 1) / 2) * width,
+            y: ((1 - projected.y) / 2) * height - raised,
             width: label.text.length * 0.62 * em + 0.6 * em,
             height: 1.3 * em,
-            rank: label.rank,
-        };
+            rank: label.pile !== undefined && label.pile === selected ? Infinity : label.rank,
+        }];
     });
     const shown = withoutOverlap(placed, width, height);
     return placed.filter((_, k) => shown[k]);

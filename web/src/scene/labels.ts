@@ -1,4 +1,5 @@
 // Places labels over the picture so that none lies over another.
+import { mix, type Vec } from "../geometry/vec.ts";
 
 export interface Placed {
     /** The middle of the label, in pixels from the top left corner. */
@@ -35,4 +36,14 @@ export function withoutOverlap(labels: readonly Placed[], width: number, height:
         shown[index] = true;
     }
     return shown;
+}
+
+/**
+ * Where the label of a line from point to end is when everything above the depth cut is away: where the line begins to be
+ * there. Null when nothing of it is left. Without an end it is a label of the point alone.
+ */
+export function belowCut(point: Vec, end: Vec | undefined, cut: number | null): Vec | null {
+    if (cut === null || point[2] >= cut) return point;
+    if (!end || end[2] < cut) return null;
+    return mix(point, end, (cut - point[2]) / (end[2] - point[2]));
 }

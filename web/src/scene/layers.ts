@@ -22,6 +22,8 @@ export interface Label {
     readonly rank: number;
     /** The number of the pile that it names. */
     readonly pile?: number;
+    /** Where the line that it names ends: a section by depth moves the label along it. */
+    readonly end?: Vec;
 }
 
 export interface LayerContent {
@@ -44,13 +46,13 @@ const axisOf = (group: Group, index: number): Vec =>
     unit(sub(tipOf(group, group.piles[index]), headOf(group, group.piles[index])));
 
 /** Solids in one colour, seen faintly through what hides them. */
-function ghosted(around: Surroundings, solids: readonly Solid[], colour: Rgb): Layer {
+function ghosted(around: Surroundings, solids: readonly Solid[], colour: Rgb, isCut = true): Layer {
     const layer = new Layer();
     if (solids.length === 0) return layer;
     const { shared, origin } = around;
-    const clear = solidMesh(solids, 10, origin, solidMaterial(shared, colour, { isCut: false })).mesh;
+    const clear = solidMesh(solids, 10, origin, solidMaterial(shared, colour, { isCut })).mesh;
     const ghost = clear.clone();
-    ghost.material = solidMaterial(shared, colour, { isCut: false, opacity: 0.3, depthTest: false, flatness: 1 });
+    ghost.material = solidMaterial(shared, colour, { isCut, opacity: 0.3, depthTest: false, flatness: 1 });
     ghost.renderOrder = 5;
     clear.renderOrder = 6;
     layer.add(ghost, clear);
@@ -69,7 +71,7 @@ function axes(around: Surroundings): LayerContent {
     ]);
     const labels = directions.map(([text, direction]): Label =>
         ({ text, point: add(at, scale(direction, 1.2 * size)), kind: "axis", rank: 3 }));
-    return { object: ghosted(around, solids, theme.axes), labels };
+    return { object: ghosted(around, solids, theme.axes, false), labels };
 }
 
 function numbers({ group, report }: Surroundings): LayerContent {
@@ -78,6 +80,7 @@ function numbers({ group, report }: Surroundings): LayerContent {
     const labels = group.piles.map((pile): Label => ({
         text: marked.has(pile.number) ? `${pile.number} *` : `${pile.number}`,
         point: headOf(group, pile),
+        end: tipOf(group, pile),
         kind: isCapPoint(pile) ? "cap" : "pile",
         rank: marked.has(pile.number) ? 2 : 1,
         pile: pile.number,
@@ -89,10 +92,10 @@ function mudline({ box, origin, shared, theme }: Surroundings): LayerContent {
     const { low, high } = mudlineOf(box);
     const corners: Vec[] = [[low[0], low[1], 0], [high[0], low[1], 0], [high[0], high[1], 0], [low[0], high[1], 0]];
     const [a, b, c, d] = corners;
-    const material = solidMaterial(shared, theme.mudline, { opacity: 0.22, flatness: 1, bothSides: true, isCut: false });
+    const material = solidMaterial(shared, theme.mudline, { opacity: 0.22, flatness: 1, bothSides: true });
     const plane = sheet([a, b, c, a, c, d], [0, 0, -1], origin, material);
     plane.renderOrder = 4;
-    const edge = lines([a, b, b, c, c, d, d, a], origin, theme.mudline);
+    const edge = lines([a, b, b, c, c, d, d, a], origin, theme.mudline, shared);
     const layer = new Layer();
     layer.add(plane, edge);
     return { object: layer, labels: [{ text: "mudline, z = 0", point: c, kind: "plain", rank: 0 }] };

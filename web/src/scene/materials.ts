@@ -87,6 +87,29 @@ export function solidMaterial(shared: Shared, colour: Rgb, options: SolidOptions
     });
 }
 
+const PLAIN_FRAGMENT = `
+uniform float cut;
+uniform vec3 colour;
+varying float vDepth;
+void main() {
+    if (vDepth < cut) discard;
+    gl_FragColor = vec4(colour, 1.0);
+}`;
+
+/** Thin lines. */
+export function lineMaterial(shared: Shared, colour: Rgb): ShaderMaterial {
+    return new ShaderMaterial({
+        vertexShader: `
+varying float vDepth;
+void main() {
+    vDepth = position.z;
+    gl_Position = projectionMatrix * modelViewMatrix * vec4(position, 1.0);
+}`,
+        fragmentShader: PLAIN_FRAGMENT,
+        uniforms: { colour: { value: colourOf(colour) }, cut: shared.cut },
+    });
+}
+
 const WIDEN = `
 uniform float pixel;
 uniform float parallel;
@@ -103,14 +126,7 @@ void main() {
     place.xyz += normalize(normalMatrix * normal) * pixelHere(place) * ${pixels.toFixed(1)};
     gl_Position = projectionMatrix * place;
 }`,
-        fragmentShader: `
-uniform float cut;
-uniform vec3 colour;
-varying float vDepth;
-void main() {
-    if (vDepth < cut) discard;
-    gl_FragColor = vec4(colour, 1.0);
-}`,
+        fragmentShader: PLAIN_FRAGMENT,
         uniforms: { colour: { value: colourOf(colour) }, cut: shared.cut, pixel: shared.pixel, parallel: shared.parallel },
         side: BackSide,
     });

@@ -55,6 +55,8 @@ export function makeScene(place: HTMLElement, report: Report, store: Store, tool
         return withoutScene();
     }
     renderer.setClearColor(0, 0);
+    // Asking for errors waits for each shader; a test of the page's console finds them.
+    renderer.debug.checkShaderErrors = false;
 
     const groups = report.other ? [group, report.other] : [group];
     const box = boxOf(groups);
@@ -102,7 +104,7 @@ export function makeScene(place: HTMLElement, report: Report, store: Store, tool
         renderer.render(scene, camera);
         const em = parseFloat(getComputedStyle(labelLayer.element).fontSize);
         const labels = [...layers.values()].flatMap((layer) => layer.labels);
-        labelLayer.show(placeLabels(labels, camera, origin, width, height, em), state.pile);
+        labelLayer.show(placeLabels(labels, { camera, origin, width, height, em, cut: state.cut, selected: state.pile }), state.pile);
         if (place.dataset["state"] !== "shown") {
             place.dataset["state"] = "shown";
             performance.mark("first-picture");
@@ -262,7 +264,8 @@ export function makeScene(place: HTMLElement, report: Report, store: Store, tool
         const [width, height] = [canvas.clientWidth, canvas.clientHeight];
         const camera = eye.look(orbitOf(state), state.trueProjection, width, height, origin, box.extent * 1.5);
         renderer.render(scene, camera);
-        return placeLabels([...layers.values()].flatMap((layer) => layer.labels), camera, origin, width, height, 13);
+        const labels = [...layers.values()].flatMap((layer) => layer.labels);
+        return placeLabels(labels, { camera, origin, width, height, em: 13, cut: state.cut, selected: state.pile });
     });
     byId("view")?.classList.add("with-scene");
     resize();

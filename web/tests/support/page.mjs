@@ -18,6 +18,7 @@ function doubles(text) {
 }
 
 function endsOf(report) {
+    if (!report.nodes) return [];
     const [x, y, z] = ["x", "y", "z"].map((axis) => doubles(report.nodes[axis]));
     return report.piles.map((pile) => {
         const [head, tip] = [pile.first_node, pile.first_node + pile.nodes - 1];
@@ -73,7 +74,7 @@ function deck(report) {
 export function pageOf(report, { threeD = true, small = !threeD, log = " NORMAL EXIT FROM KORVAT", noData = false, sections = true } = {}) {
     const style = readFileSync(path.join(dist, "viewer.css"), "utf8");
     const script = readFileSync(path.join(dist, small ? "viewer-small.js" : "viewer.js"), "utf8");
-    const ends = report.nodes ? endsOf(report) : [];
+    const ends = endsOf(report);
     const kept = threeD ? report : { ...report, nodes: undefined, elements: undefined };
     const json = JSON.stringify(kept).replaceAll("<", "\\u003c").replaceAll("\u2028", "\\u2028").replaceAll("\u2029", "\\u2029");
     const policy = `default-src 'none'; script-src ${hash(script)}; style-src ${hash(style)}; img-src data:; base-uri 'none'; form-action 'none'`;
