@@ -1,5 +1,7 @@
 // What the linter holds: the strict rules with types for TypeScript, the recommended ones for the scripts of Node.
 import js from "@eslint/js";
+import path from "node:path";
+import { fileURLToPath } from "node:url";
 import tseslint from "typescript-eslint";
 
 export default tseslint.config(
@@ -8,7 +10,7 @@ export default tseslint.config(
     {
         files: ["**/*.ts"],
         extends: [tseslint.configs.strictTypeChecked, tseslint.configs.stylisticTypeChecked],
-        languageOptions: { parserOptions: { projectService: true, tsconfigRootDir: import.meta.dirname } },
+        languageOptions: { parserOptions: { projectService: true, tsconfigRootDir: path.dirname(fileURLToPath(import.meta.url)) } },
         rules: {
             "@typescript-eslint/consistent-type-definitions": ["error", "interface"],
             "@typescript-eslint/no-confusing-void-expression": ["error", { ignoreArrowShorthand: true, ignoreVoidReturningFunctions: true }],

@@ -7,7 +7,7 @@ export type Origin = "given" | "copied" | "mirrored" | "interpolated";
 export interface Segment {
     readonly type: number;
     readonly elements: number;
-    readonly length: number;
+    readonly length: number | null;
 }
 
 export interface Pile {
@@ -23,9 +23,10 @@ export interface Pile {
     readonly nodes: number;
     readonly first_element: number;
     readonly elements: number;
-    readonly length: number;
-    /** From the vertical, in degrees. */
-    readonly batter: number;
+    /** Null where it is not finite. */
+    readonly length: number | null;
+    /** From the vertical, in degrees; null at a cap point. */
+    readonly batter: number | null;
     readonly weight: number | null;
     /** Lines of the deck, from 1. */
     readonly lines: readonly number[];
@@ -199,6 +200,14 @@ function nodeValuesOf(raw: RawReport["node_values"]): NodeValues {
     };
 }
 
+/** Numbers that are not finite are null in JSON: they count as nothing. */
+const finite = ([x, y, z]: readonly (number | null)[]): Vec => [x ?? 0, y ?? 0, z ?? 0];
+
+const loadsOf = (vector: LoadVector): LoadVector => ({
+    ...vector,
+    loads: vector.loads.map((load) => ({ ...load, force: finite(load.force), moment: finite(load.moment) })),
+});
+
 /** Reads the JSON of a report. Another format, a newer version or arrays that do not fit are errors. */
 export function readReport(text: string): Report {
     const raw = JSON.parse(text) as RawReport;
@@ -211,8 +220,8 @@ export function readReport(text: string): Report {
         other: raw.other ? groupOf(raw.other) : null,
         nodeValues: nodeValuesOf(raw.node_values),
         materials: new Map((raw.materials ?? []).map((material) => [material.number, material])),
-        loadVectors: raw.load_vectors ?? [],
-        clashes: raw.clashes ?? [],
+        loadVectors: (raw.load_vectors ?? []).map(loadsOf),
+        clashes: (raw.clashes ?? []).filter((clash) => clash.point.every(Number.isFinite)),
         records: raw.records ?? {},
         changes: raw.changes ?? null,
     };

@@ -69,7 +69,7 @@ function facts(report: Report, group: Group, pile: Pile): [string, string][] {
     const list: [string, string][] = [
         ["Origin", from],
         ["Length", withUnit(shortNumber(pile.length), length)],
-        ["Batter", `${shortNumber(Number(pile.batter.toFixed(3)))}° from the vertical`],
+        ["Batter", pile.batter === null ? "not finite" : `${shortNumber(Number(pile.batter.toFixed(3)))}° from the vertical`],
         ["Head", point(headOf(group, pile))],
         ["Tip", `${point(tipOf(group, pile))} (code ${pile.tip_code})`],
         ["Elements", `${pile.elements}`],

@@ -1,7 +1,8 @@
 // How numbers are written: short for reading, exact for tables and CSV.
 
 /** Six significant digits at most, without idle zeros. */
-export function shortNumber(value: number): string {
+export function shortNumber(value: number | null): string {
+    if (value === null) return "not finite";
     if (!Number.isFinite(value)) return String(value);
     const rounded = Number(value.toPrecision(6));
     return String(rounded === 0 ? 0 : rounded);

@@ -75,15 +75,26 @@ function wireSorting(table: HTMLTableElement, original: readonly HTMLTableRowEle
     }
 }
 
+/** The box in which a table scrolls: the page's own, or a new one. */
+function boxOf(table: HTMLTableElement, title: string): HTMLElement {
+    const own = table.closest<HTMLElement>(".table-wrap");
+    if (own) {
+        own.classList.add("scroll-box");
+        return own;
+    }
+    const box = make("div", { class: "scroll-box", attributes: { role: "region", "aria-label": title, tabindex: "0" } });
+    table.before(box);
+    box.append(table);
+    return box;
+}
+
 function wireTable(table: HTMLTableElement): void {
     const original = rowsOf(table);
     if (original.length === 0) return;
     const title = titleOf(table);
     const count = make("span", { class: "count", text: `${original.length} rows` });
     const bar = make("div", { class: "table-tools" });
-    const box = make("div", { class: "scroll-box", attributes: { role: "region", "aria-label": title, tabindex: "0" } });
-    table.before(bar, box);
-    box.append(table);
+    boxOf(table, title).before(bar);
     wireSorting(table, original);
     const resetStop = table.querySelector("tr[data-pile]") && table.tBodies[0]
         ? makeRoving(table.tBodies[0], { selector: "tr[data-pile]" })
