@@ -24,7 +24,7 @@ export function groupOf(label, piles, sections) {
         return {
             number: pile.number, fixed_to: pile.fixed_to ?? 0, tip_code: 0, origin: pile.origin ?? "given", source: pile.source ?? 0,
             ...first, nodes: pile.elements.length + 1, elements: pile.elements.length, length: total,
-            batter: (Math.acos(Math.min(1, drop)) * 180) / Math.PI, weight: total > 0 ? total * 7.5 : null,
+            batter: total > 0 ? (Math.acos(Math.min(1, drop)) * 180) / Math.PI : null, weight: total > 0 ? total * 7.5 : null,
             lines: pile.lines ?? [], segments: pile.segments ?? [],
         };
     });

@@ -10,7 +10,7 @@ export const escape = (text) => String(text)
     .replaceAll("&", "&amp;").replaceAll("<", "&lt;").replaceAll(">", "&gt;").replaceAll('"', "&quot;");
 
 const hash = (text) => `'sha256-${createHash("sha256").update(text, "utf8").digest("base64")}'`;
-const number = (value) => `<td class="n" data-value="${value}">${Number(value).toFixed(3)}</td>`;
+const number = (value) => (value === null ? "<td></td>" : `<td class="n" data-value="${value}">${Number(value).toFixed(3)}</td>`);
 
 function doubles(text) {
     const bytes = Buffer.from(text, "base64");
@@ -84,7 +84,7 @@ export function pageOf(report, { threeD = true, small = !threeD, log = " NORMAL 
         threeD ? `<section id="view"><h2>View</h2><p id="no-3d" hidden>This browser shows no 3D graphics (WebGL); the drawings below show the group.</p><div id="scene"></div><aside id="details" aria-live="polite" aria-label="Selected pile"></aside></section>` : "",
         sections && report.nodes ? `<section id="drawings"><h2>Drawings</h2>${drawing("plan", "Plan", ends, 0, 1)}${drawing("elevation-x", "Elevation X–Z", ends, 0, 2)}${drawing("elevation-y", "Elevation Y–Z", ends, 1, 2)}<figure class="strip" data-piles="2 3 4"><svg xmlns="http://www.w3.org/2000/svg" role="img" aria-label="Strip" width="60" height="200" viewBox="0 0 6 20"><rect x="1" y="1" width="4" height="18" fill="none" stroke="currentColor" stroke-width="0.2"/></svg><figcaption>Piles 2, 3, 4</figcaption></figure></section>` : "",
         sections && report.sections ? `<section id="sections"><h2>Sections</h2><table id="section-table" class="data"><thead><tr><th rowspan="2" scope="col">Section</th><th colspan="2" scope="colgroup">Tube</th></tr><tr><th scope="col">Diameter</th><th scope="col">Wall</th></tr></thead><tbody>${report.sections.map((s) => `<tr data-section="${s.number}">${number(s.number)}${number(s.diameter)}${number(s.wall)}</tr>`).join("")}</tbody></table>${curve()}</section>` : "",
-        ends.length > 0 ? `<section id="piles"><h2>Piles</h2><table id="pile-table" class="data"><thead><tr>${["Pile", "Origin", "Length", "Batter", "Head x", "Head y", "Head z", "Tip x", "Tip y", "Tip z"].map((name) => `<th scope="col">${name}</th>`).join("")}</tr></thead><tbody>${pileRows.join("\n")}</tbody></table></section>` : "",
+        ends.length > 0 ? `<section id="piles"><h2>Piles</h2><div class="table-wrap" tabindex="0" role="region" aria-label="Piles"><table id="pile-table" class="data"><caption>Piles</caption><thead><tr>${["Pile", "Origin", "Length", "Batter", "Head x", "Head y", "Head z", "Tip x", "Tip y", "Tip z"].map((name) => `<th scope="col">${name}</th>`).join("")}</tr></thead><tbody>${pileRows.join("\n")}</tbody></table></div></section>` : "",
         deck(report),
         `<section id="log"><h2>Log</h2><pre>${escape(log)}</pre></section>`,
     ].filter(Boolean);

@@ -36,6 +36,14 @@ test("a report of another format or version is refused, an empty one is read", (
     assert.throws(() => readReport(`{"format":"korvat report","version":1,"piles":[${pile}],"nodes":${nodes},"elements":${elements}}`), /pile 1/);
 });
 
+test("numbers that are not finite are null: loads take them as nothing, a clash without place is left out", () => {
+    const report = readReport(`{"format":"korvat report","version":1,
+        "load_vectors":[{"label":"a","loads":[{"pile":1,"force":[1,null,3],"moment":[null,0,2]}]}],
+        "clashes":[{"piles":[1,2],"point":[0,null,1],"overlap":1},{"piles":[1,3],"point":[0,5,1],"overlap":1}]}`);
+    assert.deepEqual(report.loadVectors[0].loads[0], { pile: 1, force: [1, 0, 3], moment: [0, 0, 2] });
+    assert.deepEqual(report.clashes.map((clash) => clash.piles), [[1, 3]]);
+});
+
 test("nodes know their pile and their diameter", () => {
     const group = sampleGroup();
     assert.deepEqual([0, 1, 4, 5, 6, 7].map((node) => pileOfNode(group, node)), [0, 1, 1, 2, 2, -1]);
