@@ -1,4 +1,5 @@
 #include "check/checker.hpp"
+#include "platform/paths.hpp"
 
 #include "check/layout.hpp"
 #include "check/read_outline.hpp"
@@ -38,6 +39,14 @@ Made made_of(const group::Group& group) {
     return made;
 }
 
+// What is missing behind the last line is told at that line: an editor has none behind it.
+void keep_in_deck(Findings& findings, const std::vector<std::string>& lines) {
+    const int last = static_cast<int>(lines.size());
+    for (Finding& finding : findings) {
+        if (finding.place.column == 0) finding.place.line = std::min(finding.place.line, last);
+    }
+}
+
 // What the run says comes first, then what explains it, then the rest in the order of the lines.
 void look(const Subject& subject, const Selection& selection, CheckedDeck& deck) {
     std::size_t about_the_run = 0;
@@ -49,6 +58,7 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
             if (is_asked_for(rule, selection, deck)) rule.look(subject, rule, deck.findings);
         }
     }
+    keep_in_deck(deck.findings, subject.lines);
     const auto line_of = [](const Finding& finding) { return finding.place.line; };
     std::ranges::stable_sort(std::span(deck.findings).subspan(about_the_run), {}, line_of);
 }
@@ -88,7 +98,7 @@ Seen look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& s
 } // namespace
 
 long count(const CheckedDeck& deck, Level level) {
-    return std::ranges::count(deck.findings, level, &Finding::level);
+    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
 }
 
 CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {

@@ -3,8 +3,11 @@
 #include "check/deck_file.hpp"
 #include "check/rules.hpp"
 #include "check/text.hpp"
+#include "platform/paths.hpp"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <toml++/toml.h>
 
 namespace korvat::check {
@@ -12,6 +15,21 @@ namespace {
 
 std::string place_in(const std::string& file, const toml::source_region& source) {
     return file + ":" + std::to_string(source.begin.line) + ": ";
+}
+
+// What TOML has beside characters that can be seen.
+bool is_forbidden(char c) {
+    const bool is_low = static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    return is_low && c != '\t' && c != '\n' && c != '\r';
+}
+
+// Refused by TOML, and here: its reader takes a zero for a character of a name, and then aborts.
+void refuse_control_characters(const std::string& file, const std::string& text) {
+    const auto at = std::ranges::find_if(text, is_forbidden);
+    if (at == text.end()) return;
+    const auto line = 1 + std::count(text.begin(), at, '\n');
+    throw CannotRead(file + ":" + std::to_string(line) +
+                     ": a control character stands here, which no text has");
 }
 
 SwitchedOff switched_off(const std::string& file, const toml::key& key, const toml::node& value) {
@@ -29,10 +47,12 @@ std::vector<SwitchedOff> read_settings(const std::filesystem::path& directory) {
     const std::filesystem::path path = directory / "korvat-check.toml";
     std::ifstream stream(path, std::ios::binary);
     if (!stream) return {};
-    const std::string file = path.string();
+    const std::string file = platform::name_of(path);
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    refuse_control_characters(file, text);
     std::vector<SwitchedOff> off;
     try {
-        const toml::table table = toml::parse(stream);
+        const toml::table table = toml::parse(text);
         for (const auto& [key, value] : table) {
             const toml::table* const rules = value.as_table();
             if (key.str() != "off" || rules == nullptr) {

@@ -5,6 +5,7 @@
 #include "cli/commands.hpp"
 #include "platform/clock.hpp"
 #include "platform/open_file.hpp"
+#include "platform/paths.hpp"
 #include "report/page.hpp"
 #include "report/write_file.hpp"
 
@@ -54,10 +55,10 @@ group::Group other_group(const std::string& name) {
 // "jacket.html" for a case in a directory of that name.
 std::string default_name(const check::DeckFile& deck) {
     if (deck.beside.empty()) return "report.html"; // standard input
-    std::string name = fs::path(deck.name).stem().string();
+    std::string name = platform::name_of(platform::path_of(deck.name).stem());
     if (check::lower_case(deck.name) == "korvat.inp") {
         std::error_code unknown;
-        name = fs::canonical(deck.beside, unknown).filename().string();
+        name = platform::name_of(fs::canonical(deck.beside, unknown).filename());
     }
     return (name.empty() ? "report" : name) + ".html";
 }
@@ -66,14 +67,14 @@ std::string default_name(const check::DeckFile& deck) {
 // so.
 fs::path place_of(const Wishes& wishes, const check::DeckFile& deck) {
     if (wishes.file == "-") return {};
-    if (!wishes.file.empty()) return wishes.file;
+    if (!wishes.file.empty()) return platform::path_of(wishes.file);
     std::error_code unknown;
     if (!deck.beside.empty() && fs::equivalent(deck.beside, ".", unknown)) {
         throw Refusal(
             "the current directory is that of the case, where nothing is written unasked; "
             "name a file with -o");
     }
-    return default_name(deck);
+    return platform::path_of(default_name(deck));
 }
 
 report::ReportData data_of(const Wishes& wishes, const check::DeckFile& deck) {
@@ -85,7 +86,7 @@ report::ReportData data_of(const Wishes& wishes, const check::DeckFile& deck) {
 void put(const fs::path& file, const std::string& page) {
     if (!file.empty()) {
         report::write_file(file, page);
-        std::cout << file.string() << '\n';
+        std::cout << platform::name_of(file) << '\n';
         return;
     }
     std::cout << page << std::flush;
@@ -99,8 +100,8 @@ int write_report(const Wishes& wishes) {
     const fs::path file = place_of(wishes, deck);
     const report::ReportData data = data_of(wishes, deck);
     put(file, report::page(data, {.has_view = !wishes.is_flat}));
-    if (wishes.opens && !platform::open_file(fs::absolute(file).string())) {
-        throw Refusal(file.string() + " is written, but the system cannot open it");
+    if (wishes.opens && !platform::open_file(platform::name_of(fs::absolute(file)))) {
+        throw Refusal(platform::name_of(file) + " is written, but the system cannot open it");
     }
     const bool is_at_fault = !data.is_complete || count(data.deck, check::Level::error) > 0;
     return is_at_fault ? exit_code::found : exit_code::fine;
@@ -119,7 +120,7 @@ int report_case(const Wishes& wishes) {
     } catch (const std::bad_alloc&) {
         return refused("out of memory");
     } catch (const fs::filesystem_error& error) {
-        return refused(error.path1().string() + ": " + error.code().message());
+        return refused(platform::name_of(error.path1()) + ": " + error.code().message());
     } catch (const std::system_error& error) {
         return refused(error.what());
     } catch (const std::exception& error) {

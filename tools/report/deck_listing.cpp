@@ -4,6 +4,7 @@
 #include "check/layout.hpp"
 #include "check/text.hpp"
 #include "report/record_names.hpp"
+#include "text/utf8.hpp"
 
 #include <algorithm>
 #include <map>
@@ -29,10 +30,10 @@ bool has_line(const ReportData& data, int line) {
 }
 
 // The characters of a readable text: where each begins.
-std::vector<std::size_t> characters_of(std::string_view text) {
+std::vector<std::size_t> characters_of(std::string_view line) {
     std::vector<std::size_t> begins;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) begins.push_back(i);
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (!text::is_continuation(line[i])) begins.push_back(i);
     }
     return begins;
 }

@@ -1,6 +1,7 @@
 #include "report/frame.hpp"
 
 #include "report/table.hpp"
+#include "text/utf8.hpp"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +16,8 @@ constexpr double tick_length = 4.0;
 
 // The characters of a text in UTF-8.
 std::size_t length_of(const std::string& text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return !text::is_continuation(c); }));
 }
 
 // With a true minus sign.

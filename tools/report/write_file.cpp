@@ -1,5 +1,7 @@
 #include "report/write_file.hpp"
 
+#include "platform/paths.hpp"
+
 #include <cerrno>
 #include <fstream>
 #include <random>
@@ -13,7 +15,7 @@ namespace fs = std::filesystem;
 
 std::system_error failure(const fs::path& path) {
     const int error = errno == 0 ? EIO : errno;
-    return {std::error_code(error, std::generic_category()), path.string()};
+    return {std::error_code(error, std::generic_category()), platform::name_of(path)};
 }
 
 void write_as_it_is(const fs::path& path, std::string_view content) {
@@ -56,7 +58,7 @@ void write_file(const fs::path& path, std::string_view content) {
         fs::rename(beside, place);
     } catch (const std::system_error& error) {
         fs::remove(beside, unknown);
-        throw std::system_error(error.code(), path.string());
+        throw std::system_error(error.code(), platform::name_of(path));
     }
 }
 

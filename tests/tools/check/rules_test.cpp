@@ -110,6 +110,10 @@ TEST(Rules, SettingsThatAreWrong) {
               "korvat-check.toml:3: tab needs a reason, a text in quotes");
     EXPECT_EQ(refusal("[off]\ntab = true\n"),
               "korvat-check.toml:2: tab needs a reason, a text in quotes");
+    EXPECT_EQ(refusal(std::string("[\0off]\ntab = \"so\"\n", 18)),
+              "korvat-check.toml:1: a control character stands here, which no text has");
+    EXPECT_EQ(refusal("[off]\ntab = \"\x1B[31m\"\n"),
+              "korvat-check.toml:2: a control character stands here, which no text has");
     EXPECT_EQ(refusal("off = 3\n"), "korvat-check.toml:1: only a table [off] is known, not off");
     EXPECT_EQ(refusal("[of]\n"), "korvat-check.toml:1: only a table [off] is known, not of");
     EXPECT_EQ(refusal("[off\n").substr(0, 20), "korvat-check.toml:1:");
