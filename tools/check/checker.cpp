@@ -68,13 +68,22 @@ CheckedDeck unchecked(const DeckFile& file) {
         .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
 }
 
-void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
+// What the rules have looked at, without the deck and the run.
+struct Seen {
+    Outline outline;
+    int revision = 4;
+    std::optional<UnitSystem> units;
+};
+
+Seen look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
                  CheckedDeck& deck) {
     const Layout layout(deck.lines);
-    const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout);
+    Seen seen{.outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout),
+              .revision = layout.revision(),
+              .units = {}};
     const std::string stop = stop_of(run);
     const Subject subject{.lines = deck.lines,
-                          .outline = outline,
+                          .outline = seen.outline,
                           .cmn = *run.cmn,
                           .group = run.group ? &*run.group : nullptr,
                           .exit_code = run.exit_code,
@@ -82,6 +91,8 @@ void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& s
                           .stop = stop,
                           .layout = &layout};
     look(subject, selection, deck);
+    seen.units = deck_units(subject);
+    return seen;
 }
 
 } // namespace
@@ -96,13 +107,21 @@ CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {
     return deck;
 }
 
-CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+CheckedRun check_run(const DeckFile& file, const Selection& selection) {
     CheckedDeck deck = unchecked(file);
     if (!file.beside.empty()) deck.off = read_settings(file.beside);
-    const ScratchRun run = run_in_scratch(file.bytes);
-    look_at_run(file, run, selection, deck);
+    ScratchRun run = run_in_scratch(file.bytes);
+    Seen seen = look_at_run(file, run, selection, deck);
     if (run.group) deck.made = made_of(*run.group);
-    return deck;
+    return {.deck = std::move(deck),
+            .run = std::move(run),
+            .outline = std::move(seen.outline),
+            .revision = seen.revision,
+            .units = seen.units};
+}
+
+CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+    return check_run(file, selection).deck;
 }
 
 } // namespace korvat::check

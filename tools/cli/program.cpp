@@ -22,6 +22,7 @@ std::unique_ptr<CLI::App> make_program(int& code) {
     add_dump(*program, code);
     add_export(*program, code);
     add_help(*program, code);
+    add_report(*program, code);
     add_sweep(*program, code);
     return program;
 }
