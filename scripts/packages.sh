@@ -7,6 +7,7 @@ take_no_install() {
     --no-install)
         install_missing() { :; }
         install_sarif_schema() { :; }
+        install_node() { :; }
         ;;
     *)
         echo "usage: $0 [--no-install]" >&2
@@ -31,14 +32,19 @@ install_missing() {
         apt-get -o DPkg::Lock::Timeout=300 install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# install_sarif_schema: the schema of SARIF, as its maker publishes it with the tool for that format, into
-# build/npm. Nothing of the package is run. Debian's npm is installed only where there is none: a node from
+# install_node: what builds the viewer of the report. Debian's is installed only where there is none: a node from
 # elsewhere stays as it is.
+install_node() {
+    command -v node >/dev/null || install_missing nodejs
+    command -v npm >/dev/null || install_missing npm
+}
+
+# install_sarif_schema: the schema of SARIF, as its maker publishes it with the tool for that format, into
+# build/npm. Nothing of the package is run.
 install_sarif_schema() {
     local source=tests/tools/schemas there=build/npm
     cmp -s "$source/package-lock.json" "$there/installed" && return 0
-    command -v node >/dev/null || install_missing nodejs
-    command -v npm >/dev/null || install_missing npm
+    install_node
     mkdir -p "$there"
     cp "$source/package.json" "$source/package-lock.json" "$there"
     (cd "$there" && npm ci --ignore-scripts --no-audit --no-fund --silent)
@@ -49,7 +55,7 @@ build_packages=(g++ cmake ninja-build libcctbx-dev)
 tools_packages=(libcli11-dev nlohmann-json3-dev libtomlplusplus-dev libxxhash-dev python3)
 test_packages=("${build_packages[@]}" "${tools_packages[@]}" zsh fish libgtest-dev clang-format clang-tidy python3 dpkg-dev groff-base
     python3-vtk9 python3-meshio python3-pandas python3-numpy python3-matplotlib python3-build python3-setuptools python3-wheel
-    python3-pip mypy vim libonig5 python3-jsonschema python3-rfc3987)
+    python3-pip mypy vim libonig5 python3-jsonschema python3-rfc3987 chromium)
 picture_packages=(python3-vtk9 libgl1-mesa-dri xvfb xauth)
 windows_packages=("${build_packages[@]}" "${tools_packages[@]}" googletest
     g++-mingw-w64-x86-64-win32 wine wine64 xvfb xauth)
