@@ -32,6 +32,41 @@ void refuse_control_characters(const std::string& file, const std::string& text)
                      ": a control character stands here, which no text has");
 }
 
+// The text behind a string or a comment that a text begins with; the text itself where it begins with neither.
+std::string_view behind_quoted(std::string_view text) {
+    const auto behind = [&](std::size_t at) {
+        return at == std::string_view::npos ? std::string_view() : text.substr(at + 1);
+    };
+    if (text.front() == '#') return behind(text.find('\n'));
+    if (text.front() == '\'') return behind(text.find_first_of("'\n", 1));
+    if (text.front() != '"') return text;
+    std::size_t end = text.find_first_of("\"\\\n", 1);
+    while (end != std::string_view::npos && text[end] == '\\')
+        end = text.find_first_of("\"\\\n", end + 2);
+    return behind(end);
+}
+
+// What makes the reader of TOML go astray: characters beyond ASCII outside of quotes and comments, where TOML has
+// none, and in strings that go on over lines.
+void refuse_pitfalls(const std::string& file, std::string_view text) {
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    std::string_view rest = text;
+    const auto refuse = [&](const char* what) {
+        const std::string_view before = text.substr(0, text.size() - rest.size());
+        const auto line = 1 + std::ranges::count(before, '\n');
+        throw CannotRead(file + ":" + std::to_string(line) + ": " + what);
+    };
+    if (rest.starts_with(byte_order_mark)) rest.remove_prefix(byte_order_mark.size());
+    while (!rest.empty()) {
+        if (rest.starts_with("\"\"\"") || rest.starts_with("\'\'\'"))
+            refuse("a reason stands on one line");
+        if (static_cast<unsigned char>(rest.front()) >= 0x80)
+            refuse("a character that is not ASCII stands outside of quotes");
+        const std::string_view behind = behind_quoted(rest);
+        rest = behind.size() == rest.size() ? rest.substr(1) : behind;
+    }
+}
+
 SwitchedOff switched_off(const std::string& file, const toml::key& key, const toml::node& value) {
     const std::string rule(key.str());
     const std::string place = place_in(file, key.source());
@@ -50,6 +85,7 @@ std::vector<SwitchedOff> read_settings(const std::filesystem::path& directory) {
     const std::string file = platform::name_of(path);
     const std::string text(std::istreambuf_iterator<char>(stream), {});
     refuse_control_characters(file, text);
+    refuse_pitfalls(file, text);
     std::vector<SwitchedOff> off;
     try {
         const toml::table table = toml::parse(text);
