@@ -1,4 +1,4 @@
-// Runs the unit tests, or with the argument "browser" those that drive a browser, under Node's test runner.
+// Runs the unit tests, or with the argument "browser" or "reports" those that drive a browser, under Node's test runner.
 import { build } from "esbuild";
 import { spawnSync } from "node:child_process";
 import { readdirSync, rmSync } from "node:fs";
@@ -20,12 +20,12 @@ async function unitTests() {
     return sources.map((name) => path.join(outdir, name.replace(/\.ts$/, ".mjs")));
 }
 
-function browserTests() {
-    const folder = path.join(here, "browser");
+function testsIn(name) {
+    const folder = path.join(here, name);
     return readdirSync(folder).filter((name) => name.endsWith(".test.mjs")).sort().map((name) => path.join(folder, name));
 }
 
-const files = process.argv[2] === "browser" ? browserTests() : await unitTests();
+const files = process.argv[2] ? testsIn(process.argv[2]) : await unitTests();
 if (files.length === 0) throw new Error("no tests found");
 const only = process.argv.slice(3);
 const run = spawnSync(process.execPath, ["--test", "--test-reporter=spec", ...only, ...files], { stdio: "inherit" });

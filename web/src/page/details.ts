@@ -12,7 +12,8 @@ function tableOf(caption: string, heading: Cells, rows: readonly Cells[]): HTMLE
         make("caption", { text: caption }),
         make("thead", {}, make("tr", {}, ...heading.map((text) => make("th", { text, attributes: { scope: "col" } })))),
         make("tbody", {}, ...rows.map((row) => make("tr", {}, ...row.map((text) => make("td", { class: "n", text }))))));
-    return make("div", { class: "details-table" }, table);
+    // What scrolls sideways must be within reach of the keyboard.
+    return make("div", { class: "details-table", attributes: { tabindex: "0", role: "region", "aria-label": caption } }, table);
 }
 
 /** How a section is called: its tubes as diameter by wall. */
