@@ -124,6 +124,7 @@ class Unpacked(unittest.TestCase):
         self.assertIn("\n Copyright (c) 2017-2021 University of Cincinnati, developed by Henry Schreiner\n", text)
         self.assertIn("\n Copyright (c) 2013-2022 Niels Lohmann\n", text)
         self.assertIn("\n Copyright (C) 2012-2020 Yann Collet\n", text)
+        self.assertIn("\n           2010-2026 three.js authors\n", text)
         self.assertIn("\n           2020-2022 Mark Gillard <mark.gillard@outlook.com.au>\n", text)
         self.assertIn("\n Permission is hereby granted, free of charge, to any person obtaining a copy of\n", text)
         named = {name for line in re.findall(r"^License: (.*)$", text, re.MULTILINE) for name in line.split(" and ")}

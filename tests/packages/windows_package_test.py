@@ -21,7 +21,7 @@ PACKAGE = SCRATCH / f"korvat-{VERSION}-windows-x86_64.zip"
 # Blanks, letters of Western and of Eastern Europe, and letters that are in no 8-bit code page with these.
 FOLDER = SCRATCH / "Pfähle der Südmole (Größe 2) Žatec 桩"
 LICENCES = ("README.txt", "GPL-3.txt", "cli11.txt", "fem-runtime.txt", "gcc-runtime-library-exception.txt",
-            "mingw-w64.txt", "nlohmann-json.txt", "tomlplusplus.txt", "xxhash.txt")
+            "mingw-w64.txt", "nlohmann-json.txt", "three.txt", "tomlplusplus.txt", "xxhash.txt")
 PROGRAMS = ("korvat.exe", "korvat-tools.exe")
 SYSTEM_LIBRARIES = {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "netapi32.dll", "shell32.dll",
                     "user32.dll"}
@@ -55,7 +55,8 @@ class Package(unittest.TestCase):
         self.assertIn("Redistributions in binary form must reproduce", texts["cli11.txt"])
         self.assertIn("Yann Collet", texts["xxhash.txt"])
         self.assertIn("Redistributions in binary form must reproduce", texts["xxhash.txt"])
-        for name, holder in (("nlohmann-json.txt", "Niels Lohmann"), ("tomlplusplus.txt", "Mark Gillard")):
+        for name, holder in (("nlohmann-json.txt", "Niels Lohmann"), ("tomlplusplus.txt", "Mark Gillard"),
+                             ("three.txt", "three.js authors")):
             self.assertIn(holder, texts[name])
             self.assertIn("Permission is hereby granted, free of charge", texts[name])
 

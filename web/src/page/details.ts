@@ -7,11 +7,14 @@ import type { State, Store } from "./state.ts";
 
 type Cells = readonly string[];
 
+/** A number stands at the right; what is none may take several lines. */
+const cellOf = (text: string): HTMLElement => make("td", text !== "" && Number.isFinite(Number(text)) ? { class: "n", text } : { text });
+
 function tableOf(caption: string, heading: Cells, rows: readonly Cells[]): HTMLElement {
     const table = make("table", { class: "small" },
         make("caption", { text: caption }),
         make("thead", {}, make("tr", {}, ...heading.map((text) => make("th", { text, attributes: { scope: "col" } })))),
-        make("tbody", {}, ...rows.map((row) => make("tr", {}, ...row.map((text) => make("td", { class: "n", text }))))));
+        make("tbody", {}, ...rows.map((row) => make("tr", {}, ...row.map(cellOf)))));
     // What scrolls sideways must be within reach of the keyboard.
     return make("div", { class: "details-table", attributes: { tabindex: "0", role: "region", "aria-label": caption } }, table);
 }
