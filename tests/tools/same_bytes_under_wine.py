@@ -9,6 +9,7 @@ import concurrent.futures
 import dataclasses
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -62,6 +63,7 @@ def calls_for(directory, names, sound):
     for name in names:
         files = [f"{name}/{file}" for file in ("PILE.07", "LOAD.09") if (directory / name / file).exists()]
         calls += [Call(("dump", *form, file)) for file in files for form in ((), ("--json",), ("--records",))]
+        calls.append(Call(("report", "-o", "-", name)))
         calls.append(Call(("export", "--to", "vtp,vtu,csv,json", "-o", f"out/{name}", name)))
     calls += [Call(("dump", *form, file)) for file in ("cut", "zeros") for form in ((), ("--records",))]
     piles = (directory / AWKWARD / "PILE.07").read_bytes()
@@ -69,7 +71,8 @@ def calls_for(directory, names, sound):
               Call(("diff", f"{AWKWARD}/PILE.07", "-"), piles), Call(("diff", "absent", AWKWARD)),
               Call(("diff", AWKWARD, "cut")), Call(("export", "--to", "csv", "-o", "out/cut", "cut"))]
     for a, b in zip(sound, sound[1:]):
-        calls += [Call(("diff", a, b)), Call(("diff", "--json", "--rel", "1e-3", a, b))]
+        calls += [Call(("report", "-o", "-", "--no-3d", "--compare", a, b)),
+                  Call(("diff", a, b)), Call(("diff", "--json", "--rel", "1e-3", a, b))]
     study = ("sweep", "study.inp", "study.csv", "--grid", "d=1.524:1.724:0.1")
     calls += [Call((*study, "-o", f"out/{AWKWARD}")), Call((*study, "--name", "name", "-o", "out/study")),
               Call(("sweep", "study.inp", "--grid", "wall=0.05,0.06", "--grid", "d=1.5", "-o", "out/grid"))]
@@ -81,7 +84,9 @@ def calls_for(directory, names, sound):
 def outcome(program, directory, call):
     run = subprocess.run([*program, *call.arguments], cwd=directory, input=call.standard_input, capture_output=True,
                          timeout=MOST_SECONDS)
-    return {"exit code": run.returncode, "standard output": run.stdout, "standard error": run.stderr}
+    # The log in a report names the time and the machine.
+    output = re.sub(rb'(<section id="log">).*?(</section>)', rb"\1\2", run.stdout, flags=re.DOTALL)
+    return {"exit code": run.returncode, "standard output": output, "standard error": run.stderr}
 
 
 def first_difference(here, there):
