@@ -1,13 +1,20 @@
 # What is installed, and where: on Windows all of it below one folder, elsewhere in the places of the system.
-set(documents ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples)
-set(only_documents PATTERN "expected" EXCLUDE PATTERN "*.1" EXCLUDE)
+set(documents ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/editors)
+set(only_documents
+    PATTERN "expected" EXCLUDE
+    PATTERN "tests" EXCLUDE
+    PATTERN "*.1" EXCLUDE)
 set(licences ${PROJECT_SOURCE_DIR}/packaging/licences)
 
 # What must be built before a package is made.
-add_custom_target(packaged DEPENDS korvat korvat_group)
+set(programs korvat)
+if(KORVAT_TOOLS)
+  list(APPEND programs korvat-tools)
+endif()
+add_custom_target(packaged DEPENDS ${programs} korvat_group)
 
 if(WIN32)
-  install(TARGETS korvat RUNTIME DESTINATION .)
+  install(TARGETS ${programs} RUNTIME DESTINATION .)
   install(DIRECTORY ${documents} DESTINATION . ${only_documents})
   install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION docs)
 
@@ -21,7 +28,7 @@ if(WIN32)
   return()
 endif()
 
-install(TARGETS korvat RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR} ${only_documents})
 
 # The library for other people's programs: find_package(korvat), target korvat::group.
@@ -71,6 +78,28 @@ add_dependencies(packaged compressed_documents)
 install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${changelog} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
+# Manual pages and completion of korvat-tools, from the program itself, where Debian has those of its packages.
+if(KORVAT_TOOLS)
+  set(tools_documents ${PROJECT_BINARY_DIR}/tools-documents)
+  set(tools_documents_script ${PROJECT_SOURCE_DIR}/cmake/tools_documents.cmake)
+  add_custom_command(
+    OUTPUT ${tools_documents}.made
+    COMMAND ${CMAKE_COMMAND} -DTOOLS=$<TARGET_FILE:korvat-tools> -DGZIP=${GZIP}
+            -DDIRECTORY=${tools_documents} -P ${tools_documents_script}
+    COMMAND ${CMAKE_COMMAND} -E touch ${tools_documents}.made
+    DEPENDS korvat-tools ${tools_documents_script}
+    VERBATIM)
+  add_custom_target(tools_documents ALL DEPENDS ${tools_documents}.made)
+  add_dependencies(packaged tools_documents)
+  install(DIRECTORY ${tools_documents}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
+  install(FILES ${tools_documents}/korvat-tools
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${tools_documents}/_korvat-tools
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES ${tools_documents}/korvat-tools.fish
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endif()
+
 # The texts of others' licences, in the form of a continued field: indented, a dot for an empty line.
 function(read_as_field file result)
   file(READ ${file} text)
@@ -79,10 +108,11 @@ function(read_as_field file result)
   string(REGEX REPLACE "\n" "\n " text " ${text}")
   set(${result} "${text}" PARENT_SCOPE)
 endfunction()
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${licences}/fem-runtime.txt
-                                       ${licences}/gcc-runtime-library-exception.txt)
-read_as_field(${licences}/fem-runtime.txt fem_runtime_licence)
-read_as_field(${licences}/gcc-runtime-library-exception.txt gcc_runtime_exception)
+foreach(part fem-runtime gcc-runtime-library-exception cli11 nlohmann-json xxhash)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${licences}/${part}.txt)
+  string(REPLACE "-" "_" variable ${part}_licence)
+  read_as_field(${licences}/${part}.txt ${variable})
+endforeach()
 configure_file(${PROJECT_SOURCE_DIR}/packaging/debian/copyright.in ${PROJECT_BINARY_DIR}/copyright
                @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})

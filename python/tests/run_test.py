@@ -151,10 +151,11 @@ class Runs(unittest.TestCase):
         slow = self.case / "slow"
         slow.write_text("#!/bin/sh\nexec sleep 60\n")
         slow.chmod(0o755)
-        before = set(pathlib.Path(tempfile.gettempdir()).glob("korvat-*"))
-        with self.assertRaises(subprocess.TimeoutExpired):
+        temporary = self.case / "temporary"  # of this test alone: others leave theirs at the same time
+        temporary.mkdir()
+        with mock.patch("tempfile.tempdir", str(temporary)), self.assertRaises(subprocess.TimeoutExpired):
             korvat.run(EXAMPLES / "jacket", slow, in_place=False, timeout=0.05)
-        self.assertEqual(set(pathlib.Path(tempfile.gettempdir()).glob("korvat-*")) - before, set())
+        self.assertEqual(list(temporary.iterdir()), [])
 
     def test_message_as_text(self):
         self.assertEqual(str(Message("text", 7)), "KORVAT.INP:7: text")

@@ -1,4 +1,5 @@
 """What every package holds besides the program, and a run of the program from a package."""
+import json
 import pathlib
 import re
 import subprocess
@@ -15,12 +16,26 @@ JACKET_PILE_FILE_SIZE = 32026
 def shared_documents():
     """Documents and examples, as paths in the source tree: without what only tests need."""
     found = set()
-    for folder in ("docs", "examples"):
+    for folder in ("docs", "examples", "editors"):
         for path in (SOURCE / folder).rglob("*"):
             relative = path.relative_to(SOURCE)
-            if path.is_file() and path.suffix != ".1" and "expected" not in relative.parts:
+            if path.is_file() and path.suffix != ".1" and not {"expected", "tests"} & set(relative.parts):
                 found.add(relative.as_posix())
     return found
+
+
+def check_tools_on_case(test, command, case):
+    """Looks with korvat-tools into a directory in which the jacket has run, of 4 piles of 38 elements each."""
+    def called(*arguments):
+        run = subprocess.run([*command, *arguments], cwd=case, stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
+        return run.returncode, run.stdout.decode(), run.stderr.decode()
+
+    test.assertEqual(called("check", "."), (0, "4 piles, 152 elements, 5 sections: 0 errors, 0 warnings\n", ""))
+    test.assertEqual(called("diff", "PILE.07", "."), (0, "", ""))
+    test.assertEqual(called("export", "--to", "json", "-o", "made Ä", "."), (0, "made Ä/group.json\n", ""))
+    group = json.loads((case / "made Ä/group.json").read_text())
+    test.assertEqual(len(group["piles"]), 4)
+    test.assertEqual(sum(len(pile["elements"]) for pile in group["piles"]), 152)
 
 
 def check_links(test, folder):

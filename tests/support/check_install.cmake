@@ -2,7 +2,7 @@
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX}
                 COMMAND_ERROR_IS_FATAL ANY OUTPUT_QUIET)
-foreach(part bin/korvat share/doc/korvat/docs/deck.md share/doc/korvat/examples/jacket/KORVAT.INP
+foreach(part bin/korvat share/doc/korvat/docs/deck.md share/doc/korvat/editors/README.md share/doc/korvat/examples/jacket/KORVAT.INP
              include/korvat/group/group.hpp)
   if(NOT EXISTS ${PREFIX}/${part})
     message(FATAL_ERROR "not installed: ${part}")

@@ -1,4 +1,5 @@
 #include "check/checker.hpp"
+#include "platform/paths.hpp"
 
 #include "check/layout.hpp"
 #include "check/read_outline.hpp"
@@ -38,6 +39,14 @@ Made made_of(const group::Group& group) {
     return made;
 }
 
+// What is missing behind the last line is told at that line: an editor has none behind it.
+void keep_in_deck(Findings& findings, const std::vector<std::string>& lines) {
+    const int last = static_cast<int>(lines.size());
+    for (Finding& finding : findings) {
+        if (finding.place.column == 0) finding.place.line = std::min(finding.place.line, last);
+    }
+}
+
 // What the run says comes first, then what explains it, then the rest in the order of the lines.
 void look(const Subject& subject, const Selection& selection, CheckedDeck& deck) {
     std::size_t about_the_run = 0;
@@ -49,6 +58,7 @@ void look(const Subject& subject, const Selection& selection, CheckedDeck& deck)
             if (is_asked_for(rule, selection, deck)) rule.look(subject, rule, deck.findings);
         }
     }
+    keep_in_deck(deck.findings, subject.lines);
     const auto line_of = [](const Finding& finding) { return finding.place.line; };
     std::ranges::stable_sort(std::span(deck.findings).subspan(about_the_run), {}, line_of);
 }
@@ -58,13 +68,22 @@ CheckedDeck unchecked(const DeckFile& file) {
         .file = file.shown, .lines = lines_of(file.bytes), .made = {}, .findings = {}, .off = {}};
 }
 
-void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
+// What the rules have looked at, without the deck and the run.
+struct Seen {
+    Outline outline;
+    int revision = 4;
+    std::optional<UnitSystem> units;
+};
+
+Seen look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& selection,
                  CheckedDeck& deck) {
     const Layout layout(deck.lines);
-    const Outline outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout);
+    Seen seen{.outline = read_outline(run.cmn->report, run.cmn->NLINE, deck.lines, layout),
+              .revision = layout.revision(),
+              .units = {}};
     const std::string stop = stop_of(run);
     const Subject subject{.lines = deck.lines,
-                          .outline = outline,
+                          .outline = seen.outline,
                           .cmn = *run.cmn,
                           .group = run.group ? &*run.group : nullptr,
                           .exit_code = run.exit_code,
@@ -72,12 +91,14 @@ void look_at_run(const DeckFile& file, const ScratchRun& run, const Selection& s
                           .stop = stop,
                           .layout = &layout};
     look(subject, selection, deck);
+    seen.units = deck_units(subject);
+    return seen;
 }
 
 } // namespace
 
 long count(const CheckedDeck& deck, Level level) {
-    return std::ranges::count(deck.findings, level, &Finding::level);
+    return static_cast<long>(std::ranges::count(deck.findings, level, &Finding::level));
 }
 
 CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {
@@ -86,13 +107,21 @@ CheckedDeck error_of(const DeckFile& file, const ScratchRun& run) {
     return deck;
 }
 
-CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+CheckedRun check_run(const DeckFile& file, const Selection& selection) {
     CheckedDeck deck = unchecked(file);
     if (!file.beside.empty()) deck.off = read_settings(file.beside);
-    const ScratchRun run = run_in_scratch(file.bytes);
-    look_at_run(file, run, selection, deck);
+    ScratchRun run = run_in_scratch(file.bytes);
+    Seen seen = look_at_run(file, run, selection, deck);
     if (run.group) deck.made = made_of(*run.group);
-    return deck;
+    return {.deck = std::move(deck),
+            .run = std::move(run),
+            .outline = std::move(seen.outline),
+            .revision = seen.revision,
+            .units = seen.units};
+}
+
+CheckedDeck check_deck(const DeckFile& file, const Selection& selection) {
+    return check_run(file, selection).deck;
 }
 
 } // namespace korvat::check

@@ -3,8 +3,10 @@
 
 #include "check/deck_file.hpp"
 #include "check/finding.hpp"
+#include "check/outline.hpp"
 #include "check/scratch_run.hpp"
 #include "check/settings.hpp"
+#include "check/substances.hpp"
 
 #include <optional>
 #include <string>
@@ -38,6 +40,18 @@ struct CheckedDeck {
 
 // Raises CannotRead where the settings beside the deck are wrong, and what run_in_scratch raises.
 [[nodiscard]] CheckedDeck check_deck(const DeckFile& deck, const Selection& selection);
+
+// A deck that was checked, and what the check has found out on its way.
+struct CheckedRun {
+    CheckedDeck deck;
+    ScratchRun run;
+    Outline outline; // records of the deck
+    int revision = 4;
+    std::optional<UnitSystem> units; // of the numbers of the deck, before its factors
+};
+
+// The same as check_deck, which it serves.
+[[nodiscard]] CheckedRun check_run(const DeckFile& deck, const Selection& selection);
 
 // Of a run that has failed, its error alone, whatever the settings beside the deck are.
 [[nodiscard]] CheckedDeck error_of(const DeckFile& deck, const ScratchRun& run);

@@ -35,7 +35,7 @@ struct Part {
 
 struct Approach {
     double distance = 0.0; // between the axes
-    double z = 0.0;
+    Vector midway{};
 };
 
 // The nearest points of two segments of a line: those of the lines, drawn back to the ends where they
@@ -60,7 +60,7 @@ Approach approach(const Part& a, const Part& b) {
     const Vector p = point_on(a.from, u, s);
     const Vector q = point_on(b.from, v, t);
     const Vector between = p - q;
-    return {std::sqrt(dot(between, between)), 0.5 * (p[2] + q[2])};
+    return {std::sqrt(dot(between, between)), point_on(q, between, 0.5)};
 }
 
 Vector place_of(const group::Node& node) {
@@ -99,7 +99,7 @@ std::optional<Clearance> least_clearance(const group::Pile& a, const group::Pile
             const Approach nearest = approach(part_a, part_b);
             const double radii = part_a.radius + part_b.radius;
             const double gap = nearest.distance - radii;
-            if (!least || gap < least->gap - rounding) least = {gap, radii, nearest.z};
+            if (!least || gap < least->gap - rounding) least = {gap, radii, nearest.midway};
         }
     }
     return least;

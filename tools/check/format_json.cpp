@@ -44,7 +44,7 @@ Json as_json(const CheckedDeck& deck) {
 } // namespace
 
 std::string as_json(const std::vector<CheckedDeck>& decks) {
-    Json json = {{"version", version}, {"cases", Json::array()}};
+    Json json = {{"format", "korvat findings"}, {"version", version}, {"cases", Json::array()}};
     for (const CheckedDeck& deck : decks) {
         json["cases"].push_back(as_json(deck));
     }

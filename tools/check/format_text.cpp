@@ -2,6 +2,7 @@
 #include "check/format.hpp"
 
 #include "check/text.hpp"
+#include "text/utf8.hpp"
 
 #include <algorithm>
 
@@ -50,8 +51,7 @@ std::string shown_place(const std::string& file, const Place& place) {
 std::string first_characters(std::string_view text, std::size_t count) {
     std::string first;
     for (const char c : text) {
-        const bool begins = (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-        if (begins && count-- == 0) break;
+        if (!text::is_continuation(c) && count-- == 0) break;
         first += c;
     }
     return first;
@@ -64,7 +64,7 @@ std::string marks(std::string_view line, const Place& place) {
     int column = 1;
     for (std::size_t i = 0; column < place.column; ++i) {
         const char c = i < line.size() ? line[i] : ' ';
-        if ((static_cast<unsigned char>(c) & 0xC0U) == 0x80U) continue;
+        if (text::is_continuation(c)) continue;
         text += c == '\t' ? '\t' : ' ';
         ++column;
     }

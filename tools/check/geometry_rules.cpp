@@ -1,5 +1,5 @@
 // Piles in space.
-#include "check/clearance.hpp"
+#include "check/clashes.hpp"
 #include "check/deck_view.hpp"
 #include "check/tell.hpp"
 #include "check/text.hpp"
@@ -11,38 +11,12 @@
 namespace korvat::check {
 namespace {
 
-using Point = std::array<double, 3>;
-
 double distance(const Point& a, const Point& b) {
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
 
 std::string shown(const Point& p) {
     return "(" + text_of(p[0]) + ", " + text_of(p[1]) + ", " + text_of(p[2]) + ")";
-}
-
-Point head_of(const group::Pile& pile) {
-    return {pile.nodes.front().x, pile.nodes.front().y, pile.nodes.front().z};
-}
-
-Point tip_of(const group::Pile& pile) {
-    return {pile.nodes.back().x, pile.nodes.back().y, pile.nodes.back().z};
-}
-
-double radii_at_head(const group::Pile& a, const group::Pile& b) {
-    return 0.5 * (a.elements.front().diameter + b.elements.front().diameter);
-}
-
-double radii_at_tip(const group::Pile& a, const group::Pile& b) {
-    return 0.5 * (a.elements.back().diameter + b.elements.back().diameter);
-}
-
-bool heads_coincide(const group::Pile& a, const group::Pile& b) {
-    return distance(head_of(a), head_of(b)) <= threshold::same_point * radii_at_head(a, b);
-}
-
-bool tips_coincide(const group::Pile& a, const group::Pile& b) {
-    return distance(tip_of(a), tip_of(b)) <= threshold::same_point * radii_at_tip(a, b);
 }
 
 bool are_fixed_together(const group::Pile& a, const group::Pile& b) {
@@ -52,13 +26,7 @@ bool are_fixed_together(const group::Pile& a, const group::Pile& b) {
 // Calls `look` for each two piles with elements, in the order of their numbers.
 template <typename Look>
 void each_pair(const Subject& subject, const Look& look) {
-    if (subject.group == nullptr) return;
-    const auto& piles = subject.group->piles;
-    for (std::size_t i = 0; i < piles.size(); ++i) {
-        for (std::size_t j = i + 1; j < piles.size(); ++j) {
-            if (!piles[i].is_dummy() && !piles[j].is_dummy()) look(piles[i], piles[j]);
-        }
-    }
+    if (subject.group != nullptr) check::each_pair(*subject.group, look);
 }
 
 std::string both(const group::Pile& a, const group::Pile& b) {
@@ -71,23 +39,19 @@ double without_noise(double length) {
     return std::abs(length) < noise ? 0.0 : length;
 }
 
-// Piles that start from one point and part, as the raked pairs of a frame do, must overlap near it.
-bool part_from_one_head(const group::Pile& a, const group::Pile& b) {
-    return heads_coincide(a, b) && distance(tip_of(a), tip_of(b)) > radii_at_tip(a, b);
-}
-
 void look_for_clashes(const Subject& subject, const Rule& rule, Findings& findings) {
-    each_pair(subject, [&](const group::Pile& a, const group::Pile& b) {
-        if (part_from_one_head(a, b) || (heads_coincide(a, b) && tips_coincide(a, b))) return;
-        const auto nearest = least_clearance(a, b);
-        if (!nearest || nearest->gap >= -threshold::overlap_rounding * nearest->radii) return;
+    if (subject.group == nullptr) return;
+    for (const Clash& clash : clashes(*subject.group)) {
+        const group::Pile& b = *pile_numbered(*subject.group, clash.second_pile);
+        const Clearance& nearest = clash.clearance;
         tell(findings, rule, place_of(pile_row(subject, b.number), 1),
-             both(a, b) + " overlap by " + text_of(-nearest->gap, 3) +
-                 " at z = " + text_of(without_noise(nearest->z), 4) + ": their axes are " +
-                 text_of(without_noise(nearest->gap + nearest->radii), 4) +
-                 " apart and their radii add up to " + text_of(nearest->radii, 4),
+             both(*pile_numbered(*subject.group, clash.first_pile), b) + " overlap by " +
+                 text_of(-nearest.gap, 3) +
+                 " at z = " + text_of(without_noise(nearest.point[2]), 4) + ": their axes are " +
+                 text_of(without_noise(nearest.gap + nearest.radii), 4) +
+                 " apart and their radii add up to " + text_of(nearest.radii, 4),
              "Move a head or a tip, or change a batter, until they pass each other.");
-    });
+    }
 }
 
 void look_for_equal_heads(const Subject& subject, const Rule& rule, Findings& findings) {

@@ -170,7 +170,8 @@ void look_at_tip_table(const Subject& subject, const Rule& rule, Findings& findi
         if (nearest_integer(row->numbers[1].value) < first) return; // an error of the run
         previous = row;
         const bool is_first = last == 0; // which must be of pile 1
-        if (is_first || last < 0 || first > subject.cmn.NUMPIL || first <= last + 1) continue;
+        if (is_first || last < 0 || first > subject.cmn.NUMPIL || first <= last) continue;
+        if (first - last == 1) continue; // none between them
         const bool is_one = first == last + 2;
         tell(findings, rule, place_of(row, 1),
              (is_one ? "pile " + std::to_string(last + 1) + " is"
@@ -198,8 +199,8 @@ std::vector<Gap> gaps(const Subject& subject, RecordId id, int highest) {
         const int behind = nearest_integer(row->numbers[0].value);
         if (behind < 1 || behind > highest) break;
         if (before != nullptr) {
-            const int first = nearest_integer(before->numbers[0].value) + 1;
-            if (behind > first) found.push_back({before, row, first, behind - 1});
+            const int last = nearest_integer(before->numbers[0].value);
+            if (behind - 1 > last) found.push_back({before, row, last + 1, behind - 1});
         }
         before = row;
     }

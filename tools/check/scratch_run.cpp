@@ -62,6 +62,7 @@ ScratchRun run_in_scratch(std::string_view deck) {
     run.lost = close_outputs(*run.cmn);
     if (run.exit_code == 0 && !run.lost.empty()) run.exit_code = stopped;
     if (run.exit_code == 0) run.group = written_group(run.cmn->NUMLOD > 0);
+    run.log = whole_file("KORVAT.MLG");
     return run;
 }
 

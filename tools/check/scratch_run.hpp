@@ -18,6 +18,7 @@ struct ScratchRun {
     std::string exception = {}; // text of what ended the run from within; else empty
     std::vector<fortran::WriteFault> lost = {}; // outputs that could not be written whole
     std::optional<group::Group> group = {};     // of a run with exit code 0
+    std::string log = {};                       // KORVAT.MLG; empty where it could not be written
 };
 
 // Runs the deck. Nothing of the run appears on the terminal. Raises std::runtime_error when there can be

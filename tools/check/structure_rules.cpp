@@ -245,9 +245,10 @@ void tell_of_control(const Layout& layout, const Rule& rule, Findings& findings)
 }
 
 // The piles of a geometry table that need a record in the segment table: those that are given, and
-// those that are left out between two of them. None where the table has an error of its own.
+// those that are left out between two of them. None where the table or the count has an error of its own.
 std::vector<int> given_piles(const std::vector<LineRecord>& records, int NUMPIL) {
     std::vector<int> piles;
+    if (NUMPIL > limits::piles) return piles; // billions, perhaps
     int previous = 0;
     bool was_plain = false;
     for (const LineRecord& record : records) {

@@ -1,5 +1,7 @@
 #include "check/text.hpp"
 
+#include "text/utf8.hpp"
+
 #include "fortran/number.hpp"
 
 #include <algorithm>
@@ -9,12 +11,7 @@
 namespace korvat::check {
 namespace {
 
-constexpr std::string_view digits = "0123456789";
-
-// Bytes behind the first of a character in UTF-8.
-bool is_continuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
+constexpr std::string_view decimal_digits = "0123456789";
 
 bool is_letter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -96,7 +93,7 @@ bool looks_like_number(std::string_view token) {
     token.remove_prefix(std::min(token.find_first_not_of(" \t"), token.size()));
     if (!token.empty() && (token.front() == '+' || token.front() == '-')) token.remove_prefix(1);
     if (!token.empty() && token.front() == '.') token.remove_prefix(1);
-    if (token.empty() || digits.find(token.front()) == std::string_view::npos) return false;
+    if (token.empty() || decimal_digits.find(token.front()) == std::string_view::npos) return false;
     const auto is_strange = [](char c) {
         return is_letter(c) && std::string_view("eEdD").find(c) == std::string_view::npos;
     };
@@ -131,7 +128,8 @@ std::optional<Token> number_beyond(std::string_view line, std::size_t width) {
 }
 
 int characters(std::string_view text) {
-    const auto count = std::ranges::count_if(text, [](char c) { return !is_continuation(c); });
+    const auto count =
+        std::ranges::count_if(text, [](char c) { return !text::is_continuation(c); });
     return static_cast<int>(count);
 }
 

@@ -1,4 +1,5 @@
 #include "cli/case.hpp"
+#include "platform/paths.hpp"
 
 #include "check/checker.hpp"
 #include "check/format.hpp"
@@ -47,8 +48,8 @@ Results results_of_files(const fs::path& directory) {
     } catch (const std::system_error& error) {
         throw NoResults(Cause::cannot_be_read, error.what());
     }
-    const std::string loads = (directory / "LOAD.09").string();
-    refuse_damage((directory / "PILE.07").string(), reading.pile_damage);
+    const std::string loads = platform::name_of(directory / "LOAD.09");
+    refuse_damage(platform::name_of(directory / "PILE.07"), reading.pile_damage);
     refuse_damage(loads, reading.load_damage);
     return {.group = std::move(reading.group), .loads_from = loads, .note = {}};
 }
@@ -63,7 +64,7 @@ bool is_newer(const fs::path& deck, const fs::path& result) {
 }
 
 Results results_of_directory(const std::string& name) {
-    const fs::path directory(name);
+    const fs::path directory = platform::path_of(name);
     const std::optional<fs::path> deck = check::deck_in(directory);
     std::error_code unknown; // what cannot be asked, reading shows
     const bool has_results = fs::exists(directory / "PILE.07", unknown) || unknown;
@@ -75,7 +76,7 @@ Results results_of_directory(const std::string& name) {
     for (const char* const result : {"PILE.07", "LOAD.09"}) {
         if (!deck || !is_newer(*deck, directory / result)) continue;
         Results results = results_of(check::read_deck(name));
-        results.note = deck->string() + " is newer than its " + result +
+        results.note = platform::name_of(*deck) + " is newer than its " + result +
                        ": the results are those of a run of the deck";
         return results;
     }
@@ -99,7 +100,7 @@ Results results_of_file(const std::string& name) {
         refuse_damage(name, reading.damage);
         return {.group = std::move(reading.group), .loads_from = name, .note = {}};
     }
-    const fs::path file = fs::path(name).filename();
+    const fs::path file = platform::path_of(name).filename();
     if (file == "PILE.07" || file == "LOAD.09" || group::begins_as_record_file(bytes))
         refuse_damage(name, unknown_kind(group::read_records(bytes)));
     return results_of(check::deck_of(name, bytes));

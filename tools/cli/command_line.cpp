@@ -29,7 +29,7 @@ std::string unknown_argument(const CLI::App& program) {
 }
 
 std::string what_is_wrong(const CLI::App& program, const CLI::ParseError& error) {
-    const std::string unknown = unknown_argument(program);
+    std::string unknown = unknown_argument(program);
     if (!unknown.empty()) return unknown;
     return program.get_subcommands().empty() ? "a command is missing" : error.what();
 }

@@ -20,6 +20,7 @@ void add_dump(CLI::App& program, int& code);
 void add_export(CLI::App& program, int& code);
 void add_help(CLI::App& program, int& code);
 void add_merge(CLI::App& program, int& code);
+void add_report(CLI::App& program, int& code);
 void add_sweep(CLI::App& program, int& code);
 
 } // namespace korvat::cli

@@ -6,6 +6,7 @@
 #include "export/loaded_piles.hpp"
 #include "export/vtp.hpp"
 #include "export/vtu.hpp"
+#include "platform/paths.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -43,7 +44,7 @@ private:
 };
 
 Failure system_failure(const fs::path& path, const std::error_code& reason) {
-    return {exit_code::wrong_use, path.string() + ": " + reason.message()};
+    return {exit_code::wrong_use, platform::name_of(path) + ": " + reason.message()};
 }
 
 group::Group read_group(const std::string& from) {
@@ -66,6 +67,9 @@ std::vector<ExportedFile> files_of(const group::Group& group, const std::string&
 }
 
 void write_file(const fs::path& path, const std::string& content) {
+    std::error_code unknown;             // what cannot be asked, writing shows
+    if (fs::is_directory(path, unknown)) // Windows would only say that it is not permitted
+        throw system_failure(path, std::make_error_code(std::errc::is_a_directory));
     std::ofstream stream(path, std::ios::binary | std::ios::trunc);
     stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     stream.close();
@@ -82,13 +86,13 @@ void export_case(const Wishes& wishes) {
                 files.push_back(std::move(file));
         }
     }
-    const fs::path directory = wishes.directory;
+    const fs::path directory = platform::path_of(wishes.directory);
     std::error_code error;
     fs::create_directories(directory, error);
     if (error) throw system_failure(directory, error);
     for (const ExportedFile& file : files) {
         write_file(directory / file.name, file.content);
-        std::cout << (directory / file.name).string() << '\n';
+        std::cout << platform::name_of(directory / file.name) << '\n';
     }
 }
 

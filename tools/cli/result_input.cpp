@@ -1,12 +1,13 @@
 #include "cli/result_input.hpp"
 
+#include "platform/paths.hpp"
+
 #include <iostream>
 
 namespace korvat::cli {
 
 std::vector<char> input_bytes(const std::string& name) {
-    return name == "-" ? group::read_bytes(std::cin)
-                       : group::read_bytes(std::filesystem::path(name));
+    return name == "-" ? group::read_bytes(std::cin) : group::read_bytes(platform::path_of(name));
 }
 
 namespace {

@@ -1,5 +1,6 @@
 // The command sweep: one deck for each row of a table.
 #include "cli/commands.hpp"
+#include "platform/paths.hpp"
 
 #include "study/study_error.hpp"
 #include "study/sweep.hpp"
@@ -28,7 +29,7 @@ struct Wishes {
 };
 
 std::string read(const std::string& name) {
-    std::optional<std::string> bytes = study::file_bytes(fs::path(name));
+    std::optional<std::string> bytes = study::file_bytes(platform::path_of(name));
     if (!bytes) throw StudyError(name + ": it cannot be read");
     return std::move(*bytes);
 }
@@ -61,12 +62,12 @@ int sweep(const Wishes& wishes) {
         const study::Table table = table_of(wishes);
         const std::string table_name = wishes.table.empty() ? "the grid" : wishes.table;
         const study::Sweep sweep = study::plan(deck, table, wishes.named_by, table_name);
-        tell(sweep, study::write(sweep, deck, table, fs::path(wishes.directory)), wishes);
+        tell(sweep, study::write(sweep, deck, table, platform::path_of(wishes.directory)), wishes);
         return exit_code::fine;
     } catch (const StudyError& error) {
         std::cerr << "korvat-tools sweep: " << error.what() << '\n';
     } catch (const fs::filesystem_error& error) {
-        std::cerr << "korvat-tools sweep: " << error.path1().string() << ": "
+        std::cerr << "korvat-tools sweep: " << platform::name_of(error.path1()) << ": "
                   << error.code().message() << '\n';
     } catch (const std::system_error& error) {
         std::cerr << "korvat-tools sweep: " << error.what() << '\n';

@@ -1,5 +1,7 @@
 #include "export/vtk_xml.hpp"
 
+#include "export/base64.hpp"
+
 #include <bit>
 #include <cstring>
 #include <utility>
@@ -36,21 +38,6 @@ DataArray indices(std::string name, const std::vector<std::int64_t>& values) {
 
 DataArray codes(std::string name, const std::vector<std::uint8_t>& values) {
     return {std::move(name), "UInt8", 1, bytes_of(values)};
-}
-
-std::string base64(std::string_view bytes) {
-    constexpr std::string_view digits =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        const std::string_view three = bytes.substr(i, 3);
-        unsigned bits = 0;
-        for (std::size_t k = 0; k < 3; ++k)
-            bits = bits << 8U | (k < three.size() ? static_cast<unsigned char>(three[k]) : 0U);
-        for (std::size_t k = 0; k < 4; ++k)
-            text += k <= three.size() ? digits[bits >> (18U - 6U * k) & 63U] : '=';
-    }
-    return text;
 }
 
 VtkXml::VtkXml(std::string_view type) {

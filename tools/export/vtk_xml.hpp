@@ -26,8 +26,6 @@ struct DataArray {
 [[nodiscard]] DataArray indices(std::string name, const std::vector<std::int64_t>& values);
 [[nodiscard]] DataArray codes(std::string name, const std::vector<std::uint8_t>& values);
 
-[[nodiscard]] std::string base64(std::string_view bytes);
-
 // Writes a file element by element. Names and attributes are the system's own: none needs escaping.
 class VtkXml {
 public:

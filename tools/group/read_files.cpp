@@ -22,8 +22,10 @@ unsigned byte_at(std::span<const char> file, std::size_t i) {
     return static_cast<unsigned char>(file[i]);
 }
 
+// With slashes and in UTF-8 on every system.
 std::system_error failure(std::error_code code, const std::filesystem::path& path) {
-    return {code, path.string()};
+    const std::u8string name = path.generic_u8string();
+    return {code, std::string(name.begin(), name.end())};
 }
 
 // What the system said last, or that reading failed when it said nothing.

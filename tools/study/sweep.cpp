@@ -2,6 +2,7 @@
 
 #include "check/text.hpp"
 #include "export/csv_table.hpp"
+#include "platform/paths.hpp"
 #include "study/digest.hpp"
 #include "study/study_error.hpp"
 #include "study/whole_file.hpp"
@@ -162,7 +163,7 @@ Written write(const Sweep& sweep, const DeckTemplate& deck, const Table& table,
         if (!folders.contains(folder)) written.left_over.push_back(std::move(folder));
     }
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
-        const fs::path folder = directory / fs::u8path(sweep.folders[i]);
+        const fs::path folder = directory / platform::path_of(sweep.folders[i]);
         fs::create_directory(folder);
         const bool is_new = replace_file(folder / deck_name, deck.deck(row_of(table, i)));
         ++(is_new ? written.decks : written.kept);

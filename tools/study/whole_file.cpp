@@ -1,5 +1,7 @@
 #include "study/whole_file.hpp"
 
+#include "platform/paths.hpp"
+
 #include <array>
 #include <cerrno>
 #include <fstream>
@@ -32,7 +34,7 @@ bool replace_file(const fs::path& path, std::string_view bytes) {
         const int reason = errno != 0 ? errno : EIO;
         std::error_code ignored;
         fs::remove(fresh, ignored);
-        throw std::system_error(reason, std::generic_category(), path.string());
+        throw std::system_error(reason, std::generic_category(), platform::name_of(path));
     }
     fs::rename(fresh, path);
     return true;

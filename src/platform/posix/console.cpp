@@ -1,21 +1,12 @@
 #include "platform/console.hpp"
 
-#include <cstdio>
+#include "platform/led_streams.hpp"
+
 #include <fcntl.h>
-#include <iostream>
 #include <unistd.h>
 
 namespace korvat::platform {
-namespace {
 
-void empty_buffers() {
-    std::cout.flush();
-    std::cerr.flush();
-    std::fflush(stdout);
-    std::fflush(stderr);
-}
-
-// Leads a stream to nowhere; returns a duplicate of what it was, or -1 when it stays as it is.
 int lead_away(int stream) {
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (nowhere < 0) return -1;
@@ -31,22 +22,13 @@ void lead_back(int stream, int kept) {
     close(kept);
 }
 
-} // namespace
-
 bool is_output_on_terminal() {
-    return isatty(STDOUT_FILENO) != 0;
+    return isatty(output_stream) != 0;
 }
 
-QuietStreams::QuietStreams() : output_(-1), error_(-1) {
-    empty_buffers();
-    output_ = lead_away(STDOUT_FILENO);
-    error_ = lead_away(STDERR_FILENO);
-}
-
-QuietStreams::~QuietStreams() {
-    empty_buffers();
-    lead_back(STDOUT_FILENO, output_);
-    lead_back(STDERR_FILENO, error_);
-}
+// Streams and terminals are so already.
+struct ByteStreams::Before {};
+ByteStreams::ByteStreams() = default;
+ByteStreams::~ByteStreams() = default;
 
 } // namespace korvat::platform

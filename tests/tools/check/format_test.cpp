@@ -117,6 +117,7 @@ TEST(Format, PrintableText) {
 
 TEST(Format, Json) {
     const Json expected = Json::parse(R"({
+        "format": "korvat findings",
         "version": 1,
         "cases": [
             {"file": "case one/KORVAT.INP", "runs": true, "piles": 8, "elements": 412, "sections": 1,

@@ -136,6 +136,8 @@ TEST(InputRules, APileInNoRangeOfTheTipTable) {
         Texts{"39:3+1 pile 2 is in no range of the tip/fix table: tip code 0, fixed to none"});
     EXPECT_EQ(found(good_deck().with(38, "  1  1  0  0").with(39, "  2  3  0  0"), "no-tip-code"),
               none);
+    // Behind the largest number there is none.
+    EXPECT_EQ(found(good_deck().with(38, "  1  2147483647  0  0"), "no-tip-code"), none);
 }
 
 // Walls of 25 and 19 mm, two sections between: 25 - 6/4 = 23.5 and 25 - 3 · 6/4 = 20.5.

@@ -267,19 +267,21 @@ TEST(Clearance, OfTwoPiles) {
                             {tip[0], tip[1], tip[2], {}, {}, {}}, diameter);
     };
     const group::Pile vertical = pile({0, 0, 0}, {0, 0, 10}, 2.0);
-    const auto expect = [&](const group::Pile& other, double gap, double radii, double z) {
+    const auto expect = [&](const group::Pile& other, double gap, double radii,
+                            std::array<double, 3> point) {
         for (const auto& found :
              {check::least_clearance(vertical, other), check::least_clearance(other, vertical)}) {
             ASSERT_TRUE(found.has_value());
             EXPECT_NEAR(found->gap, gap, 1e-12);
             EXPECT_NEAR(found->radii, radii, 1e-12);
-            EXPECT_NEAR(found->z, z, 1e-12);
+            for (std::size_t i = 0; i < 3; ++i)
+                EXPECT_NEAR(found->point[i], point[i], 1e-12) << i;
         }
     };
-    expect(pile({-5, 1, 4}, {5, 1, 4}, 1.0), -0.5, 1.5, 4.0);   // across
-    expect(pile({1, 0, 0}, {1, 0, 10}, 1.0), -0.5, 1.5, 0.0);   // beside it
-    expect(pile({0, 0, 11}, {0, 0, 20}, 1.0), -0.5, 1.5, 10.5); // below it
-    expect(pile({1, 0, 2}, {9, 0, 8}, 1.0), -0.5, 1.5, 2.0);    // away from it
+    expect(pile({-5, 1, 4}, {5, 1, 4}, 1.0), -0.5, 1.5, {0, 0.5, 4});   // across
+    expect(pile({1, 0, 0}, {1, 0, 10}, 1.0), -0.5, 1.5, {0.5, 0, 0});   // beside it
+    expect(pile({0, 0, 11}, {0, 0, 20}, 1.0), -0.5, 1.5, {0, 0, 10.5}); // below it
+    expect(pile({1, 0, 2}, {9, 0, 8}, 1.0), -0.5, 1.5, {0.5, 0, 2});    // away from it
     EXPECT_FALSE(check::least_clearance(vertical, pile({1.6, 0, 0}, {1.6, 0, 10}, 1.0)));
     EXPECT_FALSE(check::least_clearance(vertical, pile({0, 0, 11.6}, {0, 0, 20}, 1.0)));
 }

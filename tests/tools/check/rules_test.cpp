@@ -110,10 +110,27 @@ TEST(Rules, SettingsThatAreWrong) {
               "korvat-check.toml:3: tab needs a reason, a text in quotes");
     EXPECT_EQ(refusal("[off]\ntab = true\n"),
               "korvat-check.toml:2: tab needs a reason, a text in quotes");
+    EXPECT_EQ(refusal(std::string("[\0off]\ntab = \"so\"\n", 18)),
+              "korvat-check.toml:1: a control character stands here, which no text has");
+    EXPECT_EQ(refusal("[off]\ntab = \"\x1B[31m\"\n"),
+              "korvat-check.toml:2: a control character stands here, which no text has");
     EXPECT_EQ(refusal("off = 3\n"), "korvat-check.toml:1: only a table [off] is known, not off");
     EXPECT_EQ(refusal("[of]\n"), "korvat-check.toml:1: only a table [off] is known, not of");
     EXPECT_EQ(refusal("[off\n").substr(0, 20), "korvat-check.toml:1:");
-    EXPECT_EQ(refusal("\xFF\xFE").substr(0, 20), "korvat-check.toml:1:");
+    const std::string other = "a character that is not ASCII stands outside of quotes";
+    EXPECT_EQ(refusal("\xFF\xFE"), "korvat-check.toml:1: " + other);
+    EXPECT_EQ(refusal("[off]\ntab = \"so\"\n å = \"so\"\n"), "korvat-check.toml:3: " + other);
+    EXPECT_EQ(refusal("[off]\ntab = \"so\" ü\n"), "korvat-check.toml:2: " + other);
+    // In quotes and comments any character may stand, and behind them none again.
+    EXPECT_EQ(refusal("# größer\n[off] # ü\ntab = \"so größer \\\" ü\"\n"), "none");
+    EXPECT_EQ(refusal("\xEF\xBB\xBF[off]\ntab = 'ä \\'\nutf-16 = \"ö\"\n"), "none");
+    EXPECT_EQ(refusal("[off]\ntab = 'ä \\' ü\n"), "korvat-check.toml:2: " + other);
+    EXPECT_EQ(refusal("[off]\ntab = \"so\n ü"), "korvat-check.toml:3: " + other);
+    EXPECT_EQ(refusal("[off]\ntab = \"so \\\"\n").substr(0, 20), "korvat-check.toml:2:");
+    EXPECT_EQ(refusal("[off]\n\ntab = \"\"\"so\"\"\"\n"),
+              "korvat-check.toml:3: a reason stands on one line");
+    EXPECT_EQ(refusal("[off]\ntab = \'\'\'so\'\'\'\n"),
+              "korvat-check.toml:2: a reason stands on one line");
     EXPECT_EQ(refusal(""), "none");
 }
 

@@ -84,6 +84,25 @@ TEST(StructureRules, NumberedRecordsAgainstTheirCount) {
               "expected here"});
 }
 
+// No pile is listed that the count has too many of: a count may be of billions.
+TEST(StructureRules, TheSegmentTableIsNotComparedWithMorePilesThanThereMayBe) {
+    const DeckText deck =
+        good_deck().with_changed(7, "3", "201").with_changed(33, "3    2    2", "201  0    0");
+    EXPECT_EQ(found(deck, "record-count"),
+              Texts{"40:0+0 pile tip/fix table: the table ends with number 3, but NUMPIL in line 7 "
+                    "is 201"});
+}
+
+// The deck ends where the record is missing, and has no line behind that.
+TEST(StructureRules, ARecordMissingBehindTheLastLineIsMissedAtThatLine) {
+    DeckText deck = good_deck().with_changed(9, "1", "2");
+    while (!deck.text().ends_with(" 1.2E-5\n")) // of line 17, the record of material 1
+        deck = deck.without(18);
+    EXPECT_EQ(found(deck, "record-count"),
+              Texts{"17:0+0 material types: 1 record, but NUMMAT in line 9 is 2; number 2 is "
+                    "expected here"});
+}
+
 TEST(StructureRules, TablesThatEndWithAHighestNumber) {
     EXPECT_EQ(
         found(good_deck().with_changed(8, "2", "3"), "record-count"),

@@ -19,7 +19,7 @@ protected:
     }
 
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (scratch_.path() / name).string();
+        return (scratch_.path() / name).generic_string();
     }
 
     static fs::path example(const std::string& name) {
@@ -37,8 +37,8 @@ protected:
         std::map<std::string, std::pair<fs::file_time_type, std::string>> files;
         for (const auto& entry : fs::recursive_directory_iterator(scratch_.path())) {
             const bool is_file = entry.is_regular_file();
-            files[entry.path().string()] = {entry.last_write_time(),
-                                            is_file ? read_whole_file(entry.path()) : ""};
+            files[entry.path().generic_string()] = {entry.last_write_time(),
+                                                    is_file ? read_whole_file(entry.path()) : ""};
         }
         return files;
     }
@@ -48,10 +48,11 @@ protected:
                          const std::string& input = "") {
         const auto before = state();
         const ScratchDirectory out;
-        const std::string file = (out.path() / "group.json").string();
-        EXPECT_EQ(called_with({"export", "--to", "json", "-o", out.path().string(), from}, input),
-                  (CommandCall{0, file + "\n",
-                               note.empty() ? "" : "korvat-tools export: " + note + "\n"}));
+        const std::string file = (out.path() / "group.json").generic_string();
+        EXPECT_EQ(
+            called_with({"export", "--to", "json", "-o", out.path().generic_string(), from}, input),
+            (CommandCall{0, file + "\n",
+                         note.empty() ? "" : "korvat-tools export: " + note + "\n"}));
         EXPECT_EQ(state(), before);
         return out.has("group.json") ? out.read_file("group.json") : "";
     }
@@ -75,7 +76,7 @@ protected:
 const std::string barge = "barge-impact";
 
 TEST_F(Case, ADeckIsWorthTheFilesOfItsRun) {
-    const std::string expected = exported((example(barge) / "expected").string());
+    const std::string expected = exported((example(barge) / "expected").generic_string());
     ASSERT_NE(expected, "");
     put(example(barge) / "KORVAT.INP", "case/KORVAT.INP", 0);
     EXPECT_EQ(exported(path("case")), expected);
@@ -86,8 +87,8 @@ TEST_F(Case, ADeckIsWorthTheFilesOfItsRun) {
 }
 
 TEST_F(Case, ResultsAreTakenWhereTheDeckIsNotNewer) {
-    const std::string barges = exported((example(barge) / "expected").string());
-    const std::string jackets = exported(example("jacket").string());
+    const std::string barges = exported((example(barge) / "expected").generic_string());
+    const std::string jackets = exported(example("jacket").generic_string());
     put(example(barge) / "expected/PILE.07", "case/PILE.07", 10);
     put(example(barge) / "expected/LOAD.09", "case/LOAD.09", 10);
     for (const int time : {9, 10}) {
@@ -130,7 +131,7 @@ TEST_F(Case, ADeckWithAnErrorHasNoResults) {
         EXPECT_TRUE(lines.starts_with(file + ":51:3: error: SR/LOADS")) << lines;
         const std::string end = "the run of the deck ends without results\n";
         EXPECT_EQ(refused(name, deck), (CommandCall{1, "", lines + "korvat-tools export: " + end}));
-        EXPECT_EQ(called_with({"diff", name, example("jacket").string()}, deck),
+        EXPECT_EQ(called_with({"diff", name, example("jacket").generic_string()}, deck),
                   (CommandCall{1, "", lines + "korvat-tools diff: " + end}));
     }
 }
@@ -171,8 +172,8 @@ TEST_F(Case, DiffTakesAnyMix) {
     put(example(barge) / "KORVAT.INP", "case/KORVAT.INP", 0);
     put(example(barge) / "KORVAT.INP", "deck", 0);
     const std::string input = read_whole_file(example(barge) / "KORVAT.INP");
-    const std::vector<std::string> forms{(example(barge) / "expected").string(), path("case"),
-                                         path("deck"), "-"};
+    const std::vector<std::string> forms{(example(barge) / "expected").generic_string(),
+                                         path("case"), path("deck"), "-"};
     const auto before = state();
     for (const std::string& a : forms) {
         for (const std::string& b : forms) {
@@ -180,7 +181,8 @@ TEST_F(Case, DiffTakesAnyMix) {
             EXPECT_EQ(called_with({"diff", a, b}, input), (CommandCall{0, "", ""}))
                 << a << " " << b;
         }
-        const CommandCall other = called_with({"diff", a, example("jacket").string()}, input);
+        const CommandCall other =
+            called_with({"diff", a, example("jacket").generic_string()}, input);
         EXPECT_EQ(other.code, 1) << a;
         EXPECT_EQ(other.error, "") << a;
     }
@@ -203,7 +205,7 @@ TEST_F(Case, DiffComparesDecks) {
 TEST_F(Case, DiffTellsOfANewerDeck) {
     put(example(barge) / "expected/PILE.07", "case/PILE.07", 10);
     put(example("jacket") / "KORVAT.INP", "case/KORVAT.INP", 11);
-    EXPECT_EQ(called_with({"diff", path("case"), example("jacket").string()}),
+    EXPECT_EQ(called_with({"diff", path("case"), example("jacket").generic_string()}),
               (CommandCall{0, "",
                            "korvat-tools diff: " + path("case/KORVAT.INP") +
                                " is newer than its PILE.07: the results are those of a run of the "

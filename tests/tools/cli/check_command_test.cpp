@@ -63,7 +63,7 @@ const std::string surplus = "surplus-numbers";
 class CheckCommand : public testing::Test {
 protected:
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (directory.path() / name).string();
+        return (directory.path() / name).generic_string();
     }
 
     void SetUp() override {
@@ -148,7 +148,7 @@ TEST_F(CheckCommand, FormatsForOtherPrograms) {
 TEST_F(CheckCommand, NothingIsWrittenIntoTheCase) {
     directory.write_file("KORVAT.INP", good_deck().text());
     const std::vector<std::string> before = directory.list();
-    EXPECT_EQ(run({directory.path().string(), "--only", surplus}).code, 0);
+    EXPECT_EQ(run({directory.path().generic_string(), "--only", surplus}).code, 0);
     EXPECT_EQ(directory.list(), before);
 }
 

@@ -29,7 +29,7 @@ protected:
     }
 
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (scratch_.path() / name).string();
+        return (scratch_.path() / name).generic_string();
     }
 
     CommandCall compared(std::vector<std::string> options = {}) {

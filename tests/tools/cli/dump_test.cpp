@@ -93,11 +93,12 @@ class Dump : public testing::Test {
 protected:
     [[nodiscard]] std::string file(const std::string& content) const {
         scratch_.write_file("file", content);
-        return (scratch_.path() / "file").string();
+        return (scratch_.path() / "file").generic_string();
     }
 
     [[nodiscard]] std::string damage(const std::string& reason) const {
-        return "korvat-tools dump: " + (scratch_.path() / "file").string() + ": " + reason + "\n";
+        return "korvat-tools dump: " + (scratch_.path() / "file").generic_string() + ": " + reason +
+               "\n";
     }
 
     ScratchDirectory scratch_;
@@ -233,11 +234,11 @@ TEST_F(Dump, TellsWhatADeckIsFor) {
 }
 
 TEST_F(Dump, WhatCannotBeReadIsWrongUse) {
-    const std::string absent = (scratch_.path() / "absent").string();
+    const std::string absent = (scratch_.path() / "absent").generic_string();
     EXPECT_EQ(
         called_with({"dump", absent}),
         (CommandCall{2, "", "korvat-tools dump: " + absent + ": No such file or directory\n"}));
-    const std::string directory = scratch_.path().string();
+    const std::string directory = scratch_.path().generic_string();
     EXPECT_EQ(called_with({"dump", directory}),
               (CommandCall{2, "",
                            "korvat-tools dump: " + directory +

@@ -14,7 +14,7 @@ protected:
     using Call = CommandCall;
 
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (scratch_.path() / name).string();
+        return (scratch_.path() / name).generic_string();
     }
 
     // Exports `from` into the directory `out` below the scratch directory.
@@ -25,7 +25,7 @@ protected:
     [[nodiscard]] Call written(const std::vector<std::string>& names) const {
         std::string out;
         for (const std::string& name : names)
-            out += (scratch_.path() / "out" / name).string() + "\n";
+            out += (scratch_.path() / "out" / name).generic_string() + "\n";
         return {0, out, ""};
     }
 
@@ -50,7 +50,7 @@ const std::string barge_load = "barge-impact/expected/LOAD.09";
 TEST_F(ExportCommand, WritesTheFilesOfEachFormatOnce) {
     scratch_.write_file("PILE.07", example(barge_pile));
     scratch_.write_file("LOAD.09", example(barge_load));
-    const Call call = exported("vtu,csv,vtp,json,vtu", scratch_.path().string());
+    const Call call = exported("vtu,csv,vtp,json,vtu", scratch_.path().generic_string());
     const std::vector<std::string> names{"group.vtu",  "sections.csv", "elements.csv", "nodes.csv",
                                          "curves.csv", "loads.csv",    "piles.csv",    "piles.vtp",
                                          "nodes.vtp",  "load-1.vtp",   "load-2.vtp",   "load-3.vtp",
@@ -120,7 +120,7 @@ TEST_F(ExportCommand, RefusesAnUnknownFormat) {
 // The label and the counts end at byte 93; there the first section begins.
 TEST_F(ExportCommand, TellsTheDamageOfAPileFile) {
     scratch_.write_file("PILE.07", example(barge_pile).substr(0, 100));
-    EXPECT_EQ(exported("csv", scratch_.path().string()),
+    EXPECT_EQ(exported("csv", scratch_.path().generic_string()),
               refused(1, path("PILE.07") + ": offset 93: the file ends inside a segment"));
     scratch_.write_file("PILE.07", "K\x82"); // of a run that failed
     EXPECT_EQ(exported("csv", path("PILE.07")).code, 1);
@@ -149,7 +149,7 @@ TEST_F(ExportCommand, RefusesACutLoadFile) {
     for (std::size_t length = 0; length < file.size(); length += length < 60 ? 1 : 97) {
         const std::string cut = file.substr(0, length);
         scratch_.write_file("LOAD.09", cut);
-        EXPECT_EQ(exported("vtp", scratch_.path().string()),
+        EXPECT_EQ(exported("vtp", scratch_.path().generic_string()),
                   refused(1, path("LOAD.09") + ": " + damage(group::read_load(cut).damage)))
             << length;
     }
@@ -160,7 +160,7 @@ TEST_F(ExportCommand, RefusesACutLoadFile) {
 TEST_F(ExportCommand, RefusesLoadsOfAnotherGroup) {
     scratch_.write_file("PILE.07", example("jacket/expected/PILE.07"));
     scratch_.write_file("LOAD.09", example(barge_load));
-    EXPECT_EQ(exported("csv", scratch_.path().string()),
+    EXPECT_EQ(exported("csv", scratch_.path().generic_string()),
               refused(1, path("LOAD.09") +
                              ": load vector 2 loads pile 12, which the group does not have"));
     EXPECT_FALSE(scratch_.has("out"));

@@ -1,4 +1,5 @@
 // The exports for VTK: whole files of a small group, and the encoding of their arrays.
+#include "export/base64.hpp"
 #include "export/loaded_piles.hpp"
 #include "export/vtk_xml.hpp"
 #include "export/vtp.hpp"

@@ -2,6 +2,7 @@
 #include "study/sweep.hpp"
 
 #include "../cli/command_call.hpp"
+#include "platform/paths.hpp"
 #include "study/digest.hpp"
 #include "study/study_error.hpp"
 #include "support/scratch_directory.hpp"
@@ -95,7 +96,7 @@ protected:
     }
 
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (scratch_.path() / name).string();
+        return platform::name_of(scratch_.path() / name);
     }
 
     [[nodiscard]] CommandCall swept(std::vector<std::string> more = {}) const {
