@@ -12,6 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr const char* format = "korvat case";
 constexpr int version = 1;
 constexpr std::array<std::string_view, 6> state_names = {"fine",    "refused", "lost",
                                                          "crashed", "timeout", "not run"};
@@ -108,19 +109,30 @@ GroupValues values_of(const Json& json) {
             .plastic_moment = number_or_none(json.at("plastic_moment"))};
 }
 
+Json text_or_null(const std::string& text) {
+    return text.empty() ? Json() : Json(exporting::utf8_text(text));
+}
+
+std::string text_or_none(const Json& json) {
+    return json.is_null() ? std::string() : json.get<std::string>();
+}
+
 Json json_of(const std::vector<OutputFile>& outputs) {
-    Json json = Json::object();
+    Json json = Json::array();
     for (const OutputFile& output : outputs) {
-        Json& file = json[output.name] = {{"size", output.size}};
-        if (!output.digest.empty()) file["digest"] = output.digest;
+        json.push_back({{"name", output.name},
+                        {"size", output.size},
+                        {"digest", text_or_null(output.digest)}});
     }
     return json;
 }
 
 std::vector<OutputFile> outputs_of(const Json& json) {
     std::vector<OutputFile> outputs;
-    for (const auto& [name, file] : json.items())
-        outputs.push_back({name, file.at("size").get<std::uint64_t>(), file.value("digest", "")});
+    for (const Json& file : json) {
+        outputs.push_back({file.at("name").get<std::string>(), file.at("size").get<std::uint64_t>(),
+                           text_or_none(file.at("digest"))});
+    }
     return outputs;
 }
 
@@ -132,19 +144,20 @@ Json json_of(const Parameters& parameters) {
 }
 
 CaseRecord record_of(const Json& json) {
-    if (json.at("journal").get<int>() != version) throw std::out_of_range("version");
+    const bool is_known = json.at("format") == format && json.at("version") == version;
+    if (!is_known) throw std::out_of_range("version");
     CaseRecord record;
     record.name = json.contains("case_bytes") ? bytes_of(json["case_bytes"].get<std::string>())
                                               : json.at("case").get<std::string>();
     record.position = json.at("position").get<std::uint64_t>();
     for (const auto& [name, value] : json.at("parameters").items())
         record.parameters.emplace_back(name, value.get<std::string>());
-    record.deck = json.at("deck").get<std::string>();
-    record.program = json.at("program").get<std::string>();
-    record.version = json.at("version").get<std::string>();
+    record.deck = text_or_none(json.at("deck"));
+    record.program = text_or_none(json.at("program"));
+    record.version = text_or_none(json.at("program_version"));
     record.state = code_of<CaseState>(state_names, json.at("state").get<std::string>());
     record.exit_code = integer_or_none(json.at("exit_code"));
-    record.error = json.at("error").get<std::string>();
+    record.error = text_or_none(json.at("first_error"));
     record.line = integer_or_none(json.at("line"));
     record.warnings = json.at("warnings").get<int>();
     if (!json.at("values").is_null()) record.values = values_of(json["values"]);
@@ -166,18 +179,17 @@ std::string_view name_of(Keep keep) {
 }
 
 std::string to_line(const CaseRecord& record) {
-    Json json;
+    Json json{{"format", format}, {"version", version}};
     json["case"] = exporting::utf8_text(record.name);
     if (json["case"] != record.name) json["case_bytes"] = codes(record.name);
-    json["journal"] = version;
     json["position"] = record.position;
     json["parameters"] = json_of(record.parameters);
-    json["deck"] = record.deck;
-    json["program"] = record.program;
-    json["version"] = exporting::utf8_text(record.version);
+    json["deck"] = text_or_null(record.deck);
+    json["program"] = text_or_null(record.program);
+    json["program_version"] = text_or_null(record.version);
     json["state"] = name_of(record.state);
     json["exit_code"] = or_null(record.exit_code);
-    json["error"] = exporting::utf8_text(record.error);
+    json["first_error"] = text_or_null(record.error);
     json["line"] = or_null(record.line);
     json["warnings"] = record.warnings;
     json["values"] = record.values ? json_of(*record.values) : Json();

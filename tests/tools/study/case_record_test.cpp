@@ -75,10 +75,10 @@ TEST(CaseRecord, WhatIsNotWholeIsNone) {
     for (std::size_t size = 0; size < line.size(); ++size)
         EXPECT_EQ(study::record_of_line(line.substr(0, size)), std::nullopt) << size;
     for (const std::string other :
-         {"[]", "{}", "1", R"({"case":"a"})", R"({"case":1,"journal":1})"})
+         {"[]", "{}", "1", R"({"case":"a"})", R"({"format":"korvat case","version":1})"})
         EXPECT_EQ(study::record_of_line(other), std::nullopt) << other;
     std::string later = line;
-    later.replace(later.find("\"journal\":1"), 11, "\"journal\":2");
+    later.replace(later.find("\"version\":1"), 11, "\"version\":2");
     EXPECT_EQ(study::record_of_line(later), std::nullopt);
 }
 
