@@ -28,7 +28,7 @@ enum class Keep { all, results, failed }; // results: PILE.07 and LOAD.09; faile
 
 [[nodiscard]] std::string_view name_of(Keep keep);
 
-// The case is the same with that deck and that program; other runs need not be.
+// A file that a run has left. Log and listing show the time, so that only results have a digest.
 struct OutputFile {
     std::string name;
     std::uint64_t size = 0;

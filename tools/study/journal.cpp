@@ -72,9 +72,9 @@ std::uint64_t Journal::append(const CaseRecord& record) {
 }
 
 std::optional<std::pair<std::uint64_t, CaseRecord>> Journal::find(const std::string& name) {
-    const auto same = std::ranges::equal_range(entries_, short_digest(name), {}, &Entry::hash);
-    for (auto entry = same.end(); entry != same.begin();) {
-        --entry;
+    const std::uint64_t hash = short_digest(name);
+    auto entry = std::ranges::upper_bound(entries_, hash, {}, &Entry::hash);
+    while (entry != entries_.begin() && (--entry)->hash == hash) {
         CaseRecord record = reader_.at(entry->offset);
         if (record.name == name) return std::pair(entry->offset, std::move(record));
     }

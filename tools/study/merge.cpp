@@ -56,9 +56,10 @@ public:
     // The entry of a case; none where no journal has it.
     [[nodiscard]] Entry* find(const std::string& name) {
         const std::string plain = plain_name(name);
-        for (Entry& entry :
-             std::ranges::equal_range(entries_, short_digest(plain), {}, &Entry::hash)) {
-            if (plain_name(record(entry).name) == plain) return &entry;
+        const std::uint64_t hash = short_digest(plain);
+        auto entry = std::ranges::lower_bound(entries_, hash, {}, &Entry::hash);
+        for (; entry != entries_.end() && entry->hash == hash; ++entry) {
+            if (plain_name(record(*entry).name) == plain) return &*entry;
         }
         return nullptr;
     }

@@ -48,7 +48,7 @@ std::string trimmed(std::string_view text) {
 std::string find_run_program(const std::string& asked) {
     if (!asked.empty()) return asked_program(asked);
     const fs::path own = platform::path_of(platform::own_program());
-    const std::string beside = platform::name_of(
+    std::string beside = platform::name_of(
         own.parent_path() / platform::path_of(platform::file_of_program(program_name)));
     if (!own.empty() && platform::is_program(beside)) return beside;
     if (const auto found = platform::program_on_path(program_name)) return *found;

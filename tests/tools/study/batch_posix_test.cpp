@@ -363,9 +363,9 @@ TEST_F(Batch, AResultThatCannotBeOpenedIsAFailure) {
                   no_values);
 }
 
-TEST_F(Batch, OnlyARootWritesIntoAFolderThatIsReadOnly) {
+TEST_F(Batch, AFolderThatTakesNothingLosesTheRun) {
     if (geteuid() == 0) {
-        // Root is not held back by permissions: a folder that no name can be made in is one that is gone.
+        // Permissions do not hold root back: the folder vanishes during the run instead.
         write_case("gone", good_);
         const std::string program = script("run", "rm -r ../gone; exec " KORVAT_PROGRAM "\n");
         EXPECT_EQ(batch({"--program", program, path("gone")}).code, 1);
