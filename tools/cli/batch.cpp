@@ -1,6 +1,7 @@
 // The command batch: runs of many cases, and one table of them.
 #include "cli/commands.hpp"
 
+#include "platform/paths.hpp"
 #include "platform/processes.hpp"
 #include "platform/terminal.hpp"
 #include "study/batch.hpp"
@@ -8,6 +9,7 @@
 #include "study/summary.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -153,6 +155,8 @@ int batch(Wishes& wishes) {
                   "; nothing was done");
     } catch (const StudyError& error) {
         tell_line(error.what());
+    } catch (const std::filesystem::filesystem_error& error) {
+        tell_line(platform::name_of(error.path1()) + ": " + error.code().message());
     } catch (const std::system_error& error) {
         tell_line(error.what());
     }

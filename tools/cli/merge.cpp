@@ -2,8 +2,10 @@
 #include "study/merge.hpp"
 
 #include "cli/commands.hpp"
+#include "platform/paths.hpp"
 #include "study/study_error.hpp"
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -42,6 +44,9 @@ int merge(const Wishes& wishes) {
         return is_fine ? exit_code::fine : exit_code::found;
     } catch (const study::StudyError& error) {
         std::cerr << "korvat-tools merge: " << error.what() << '\n';
+    } catch (const std::filesystem::filesystem_error& error) {
+        std::cerr << "korvat-tools merge: " << platform::name_of(error.path1()) << ": "
+                  << error.code().message() << '\n';
     } catch (const std::system_error& error) {
         std::cerr << "korvat-tools merge: " << error.what() << '\n';
     }

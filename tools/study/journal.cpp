@@ -1,5 +1,6 @@
 #include "study/journal.hpp"
 
+#include "platform/files.hpp"
 #include "platform/paths.hpp"
 #include "study/digest.hpp"
 #include "study/study_error.hpp"
@@ -51,8 +52,9 @@ Journal::Journal(const std::string& name, bool is_continued)
     : name_(name), file_(name), reader_(name) {
     if (file_.size() == 0) return; // also of what is no file
     if (!is_continued) {
-        fs::copy_file(platform::path_of(name), platform::path_of(name + ".bak"),
-                      fs::copy_options::overwrite_existing);
+        const std::string backup = name + ".bak";
+        platform::remove_file(backup); // Windows copies onto no file that is there
+        fs::copy_file(platform::path_of(name), platform::path_of(backup));
         file_.cut(0);
         return;
     }

@@ -413,6 +413,20 @@ TEST_F(Batch, PartsTogetherAreTheWhole) {
     EXPECT_EQ(rows(merged.out), expected);
 }
 
+TEST_F(Batch, TellsWhereItsFilesCannotBe) {
+    write_case("a", good_);
+    EXPECT_EQ(
+        batch({"--journal", path("none/j"), path("a")}),
+        (CommandCall{2, "",
+                     "korvat-tools batch: " + path("none/j") + ": No such file or directory\n"}));
+    EXPECT_FALSE(scratch_.has("a/PILE.07"));
+    const CommandCall call = batch({"--summary", path("none/s"), path("a")});
+    EXPECT_EQ(call, (CommandCall{2, "",
+                                 "korvat-tools batch: " + path("none/s") +
+                                     ": No such file or directory\n"}));
+    EXPECT_EQ(batch({"--resume", path("a")}).code, 0); // nothing of it was lost
+}
+
 TEST_F(Batch, NameAloneIsEnough) {
     write_case("a", good_);
     const fs::path before = fs::current_path();

@@ -79,6 +79,15 @@ TEST_F(StudyJournal, ThatIsNotContinuedStays) {
     EXPECT_EQ(scratch_.read_file("batch.jsonl.bak"), before);
 }
 
+TEST_F(StudyJournal, OneGenerationOfItStays) {
+    for (const std::string name : {"a", "b", "c"}) {
+        Journal journal(name_, /*is_continued*/ false);
+        journal.append(named(name));
+    }
+    EXPECT_EQ(names(), std::vector<std::string>{"c"});
+    EXPECT_EQ(scratch_.read_file("batch.jsonl.bak"), study::to_line(named("b")) + "\n");
+}
+
 TEST_F(StudyJournal, BelongsToOneBatch) {
     const Journal journal(name_, /*is_continued*/ false);
     EXPECT_THROW(Journal(name_, /*is_continued*/ true), platform::HeldByAnother);
