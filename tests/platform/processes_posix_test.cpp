@@ -144,7 +144,9 @@ TEST_F(ProcessesPosix, OneRunsInADirectoryAtATime) {
 
 // When this program is killed, the process still has the lock of its directory.
 TEST_F(ProcessesPosix, AProcessHoldsItsDirectoryItself) {
-    const ProcessEnd end = end_of("flock -n -x . true && echo free >&2; flock -n -x 3 || exit 4\n");
+    const ProcessEnd end = end_of("flock -n -x . true && echo free >&2\n"
+                                  "flock -n -x 3 || exit 4\n"
+                                  "[ \"$(readlink /proc/$$/fd/3)\" = \"$(pwd -P)\" ] || exit 5\n");
     EXPECT_EQ(end.exit_code, 0);
     EXPECT_EQ(end.standard_error, "");
 }

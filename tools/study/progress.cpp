@@ -39,7 +39,7 @@ std::string bar(std::uint64_t done, std::uint64_t total, int room) {
 
 std::string duration_text(double seconds) {
     constexpr double longest = 3.6e9; // a million hours
-    const auto whole = static_cast<std::int64_t>(std::lround(std::clamp(seconds, 0.0, longest)));
+    const auto whole = static_cast<std::int64_t>(std::llround(std::clamp(seconds, 0.0, longest)));
     const std::int64_t hours = whole / 3600;
     const std::int64_t minutes = whole / 60 % 60;
     const std::string rest = two_digits(whole % 60);

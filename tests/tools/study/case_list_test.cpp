@@ -27,7 +27,7 @@ protected:
     }
 
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (scratch_.path() / name).string();
+        return (scratch_.path() / name).generic_string();
     }
 
     // "name|directory|column=value...|deck" of each case.
