@@ -32,38 +32,72 @@ void refuse_control_characters(const std::string& file, const std::string& text)
                      ": a control character stands here, which no text has");
 }
 
-// The text behind a string or a comment that a text begins with; the text itself where it begins with neither.
-std::string_view behind_quoted(std::string_view text) {
-    const auto behind = [&](std::size_t at) {
-        return at == std::string_view::npos ? std::string_view() : text.substr(at + 1);
-    };
-    if (text.front() == '#') return behind(text.find('\n'));
-    if (text.front() == '\'') return behind(text.find_first_of("'\n", 1));
-    if (text.front() != '"') return text;
-    std::size_t end = text.find_first_of("\"\\\n", 1);
-    while (end != std::string_view::npos && text[end] == '\\')
-        end = text.find_first_of("\"\\\n", end + 2);
-    return behind(end);
+bool is_key_character(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
+           c == '_';
 }
 
-// What makes the reader of TOML go astray: characters beyond ASCII outside of quotes and comments, where TOML has
-// none, and in strings that go on over lines.
-void refuse_pitfalls(const std::string& file, std::string_view text) {
+// What stands on a line of settings: of TOML only that, as its reader goes astray on much of what is none.
+class SettingsLine {
+public:
+    explicit SettingsLine(std::string_view line) : rest_(line) { skip_blanks(); }
+
+    // Nothing, a comment, a table, or a key and a text in quotes. Empty, or what is wrong with it.
+    std::string fault() {
+        if (is_at_end()) return {};
+        const bool is_table = take('[');
+        const std::string key = take_key();
+        const bool has_sign = take(is_table ? ']' : '=');
+        if (key.empty() || !has_sign) return "neither a table [off] nor a rule with its reason";
+        if (!is_table && !take_text()) return key + " needs a reason, a text in quotes";
+        return is_at_end() ? "" : "something stands behind the end of this line";
+    }
+
+private:
+    void skip_blanks() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+    }
+
+    [[nodiscard]] bool is_at_end() const { return rest_.empty() || rest_.front() == '#'; }
+
+    bool take(char c) {
+        if (!rest_.starts_with(c)) return false;
+        rest_.remove_prefix(1);
+        skip_blanks();
+        return true;
+    }
+
+    std::string take_key() {
+        const auto end = std::ranges::find_if_not(rest_, is_key_character);
+        std::string key(rest_.begin(), end);
+        rest_.remove_prefix(key.size());
+        skip_blanks();
+        return key;
+    }
+
+    // Between single quotes a backslash is one, between double ones it takes the character behind it along.
+    bool take_text() {
+        if (rest_.empty() || (rest_.front() != '"' && rest_.front() != '\'')) return false;
+        const char quote = rest_.front();
+        std::size_t end = 1;
+        while (end < rest_.size() && rest_[end] != quote)
+            end += quote == '"' && rest_[end] == '\\' ? 2 : 1;
+        if (end >= rest_.size()) return false;
+        rest_.remove_prefix(end + 1);
+        skip_blanks();
+        return true;
+    }
+
+    std::string_view rest_;
+};
+
+void refuse_other_lines(const std::string& file, std::string_view text) {
     constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-    std::string_view rest = text;
-    const auto refuse = [&](const char* what) {
-        const std::string_view before = text.substr(0, text.size() - rest.size());
-        const auto line = 1 + std::ranges::count(before, '\n');
-        throw CannotRead(file + ":" + std::to_string(line) + ": " + what);
-    };
-    if (rest.starts_with(byte_order_mark)) rest.remove_prefix(byte_order_mark.size());
-    while (!rest.empty()) {
-        if (rest.starts_with("\"\"\"") || rest.starts_with("\'\'\'"))
-            refuse("a reason stands on one line");
-        if (static_cast<unsigned char>(rest.front()) >= 0x80)
-            refuse("a character that is not ASCII stands outside of quotes");
-        const std::string_view behind = behind_quoted(rest);
-        rest = behind.size() == rest.size() ? rest.substr(1) : behind;
+    if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
+    const std::vector<std::string> lines = lines_of(text);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string fault = SettingsLine(lines[i]).fault();
+        if (!fault.empty()) throw CannotRead(file + ":" + std::to_string(i + 1) + ": " + fault);
     }
 }
 
@@ -85,7 +119,7 @@ std::vector<SwitchedOff> read_settings(const std::filesystem::path& directory) {
     const std::string file = platform::name_of(path);
     const std::string text(std::istreambuf_iterator<char>(stream), {});
     refuse_control_characters(file, text);
-    refuse_pitfalls(file, text);
+    refuse_other_lines(file, text);
     std::vector<SwitchedOff> off;
     try {
         const toml::table table = toml::parse(text);

@@ -114,23 +114,26 @@ TEST(Rules, SettingsThatAreWrong) {
               "korvat-check.toml:1: a control character stands here, which no text has");
     EXPECT_EQ(refusal("[off]\ntab = \"\x1B[31m\"\n"),
               "korvat-check.toml:2: a control character stands here, which no text has");
-    EXPECT_EQ(refusal("off = 3\n"), "korvat-check.toml:1: only a table [off] is known, not off");
+    EXPECT_EQ(refusal("tab = \"so\"\n"),
+              "korvat-check.toml:1: only a table [off] is known, not tab");
     EXPECT_EQ(refusal("[of]\n"), "korvat-check.toml:1: only a table [off] is known, not of");
-    EXPECT_EQ(refusal("[off\n").substr(0, 20), "korvat-check.toml:1:");
-    const std::string other = "a character that is not ASCII stands outside of quotes";
-    EXPECT_EQ(refusal("\xFF\xFE"), "korvat-check.toml:1: " + other);
-    EXPECT_EQ(refusal("[off]\ntab = \"so\"\n å = \"so\"\n"), "korvat-check.toml:3: " + other);
-    EXPECT_EQ(refusal("[off]\ntab = \"so\" ü\n"), "korvat-check.toml:2: " + other);
-    // In quotes and comments any character may stand, and behind them none again.
-    EXPECT_EQ(refusal("# größer\n[off] # ü\ntab = \"so größer \\\" ü\"\n"), "none");
-    EXPECT_EQ(refusal("\xEF\xBB\xBF[off]\ntab = 'ä \\'\nutf-16 = \"ö\"\n"), "none");
-    EXPECT_EQ(refusal("[off]\ntab = 'ä \\' ü\n"), "korvat-check.toml:2: " + other);
-    EXPECT_EQ(refusal("[off]\ntab = \"so\n ü"), "korvat-check.toml:3: " + other);
-    EXPECT_EQ(refusal("[off]\ntab = \"so \\\"\n").substr(0, 20), "korvat-check.toml:2:");
-    EXPECT_EQ(refusal("[off]\n\ntab = \"\"\"so\"\"\"\n"),
-              "korvat-check.toml:3: a reason stands on one line");
-    EXPECT_EQ(refusal("[off]\ntab = \'\'\'so\'\'\'\n"),
-              "korvat-check.toml:2: a reason stands on one line");
+    const std::string neither = "neither a table [off] nor a rule with its reason";
+    const std::string unquoted = "tab needs a reason, a text in quotes";
+    for (const std::string line : {"[off", "[****", "[\n", "off]", "tab", "= \"so\"", "\xFF\xFE",
+                                   "å = \"so\"", "\"tab\" = \"so\"", "a.b = \"so\"", "[[off]]"})
+        EXPECT_EQ(refusal(line), "korvat-check.toml:1: " + neither) << line;
+    for (const std::string value : {"", "so", "3", "\"so", "'so", "\"so\\\"", "[", "{", "+", "ü"})
+        EXPECT_EQ(refusal("[off]\ntab = " + value), "korvat-check.toml:2: " + unquoted) << value;
+    for (const std::string more :
+         {"\"\"\"so\"\"\"", "'''so'''", "\"so\" ü", "\"so\" tab", "'ä \\' ü"})
+        EXPECT_EQ(refusal("[off]\ntab = " + more),
+                  "korvat-check.toml:2: something stands behind the end of this line")
+            << more;
+    EXPECT_EQ(refusal("# größer\n[ off ] # ü\n\ttab = \"so größer \\\" ü\"\t# ü\r\n"), "none");
+    EXPECT_EQ(refusal("\xEF\xBB\xBF[off]\ntab = 'ä \\'\nutf-16 = \"ö # no comment\"\n"), "none");
+    EXPECT_EQ(refusal("[off]\ntab = \"so\"\ntab = \"so\"\n").substr(0, 20), "korvat-check.toml:3:");
+    EXPECT_EQ(refusal("[off]\ntab = \"\\q\"\n").substr(0, 20), "korvat-check.toml:2:");
+    EXPECT_EQ(refusal("[off]\ntab = \"\xFF\"\n").substr(0, 20), "korvat-check.toml:2:");
     EXPECT_EQ(refusal(""), "none");
 }
 

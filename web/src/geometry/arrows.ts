@@ -40,6 +40,12 @@ export function arrow(tip: Vec, value: Vec, perUnit: number, longest: number, he
     return solids;
 }
 
+/** Where the arrows of one kind begin, for a view that shows them whole; zeros have none. */
+export function tailsOf(tips: readonly Vec[], values: readonly Vec[], longest: number): Vec[] {
+    const perUnit = arrowScale(values, longest);
+    return values.flatMap((value, k) => (length(value) * perUnit > 0 ? [sub(tips[k], scale(value, perUnit))] : []));
+}
+
 /** A spring along an axis: a rod from the node to a plate, as a support is drawn. */
 export function linearSpring(node: Vec, direction: Vec, size: number, thickness: number): Solid[] {
     const end = add(node, scale(direction, size));

@@ -3,7 +3,7 @@ import { Group as Layer, type Object3D } from "three";
 import type { Rgb } from "../colour/palette.ts";
 import { diameterAtNode, headOf, isCapPoint, nodeAt, pileOfNode, tipOf } from "../data/group.ts";
 import type { Group, Report } from "../data/report.ts";
-import { arrow, arrowScale, linearSpring, rotationalSpring, touchPoint } from "../geometry/arrows.ts";
+import { arrow, arrowScale, linearSpring, rotationalSpring, tailsOf, touchPoint } from "../geometry/arrows.ts";
 import { clashRadius, linksOf } from "../geometry/links.ts";
 import { ball, cone, stick, type Solid } from "../geometry/solids.ts";
 import { add, length, scale, sub, unit, type Vec } from "../geometry/vec.ts";
@@ -143,6 +143,19 @@ function nodeArrows(around: Surroundings, places: readonly number[], values: rea
         const tip = touchPoint(nodeAt(group, node), value, axisOf(group, index), diameterAtNode(group, node) / 2);
         return arrow(tip, value, perUnit, longest, heads);
     });
+}
+
+/** Where the arrows of all loads, forces and moments begin. */
+export function arrowTails(report: Report, group: Group, box: Box): Vec[] {
+    const longest = LONGEST * box.extent;
+    const ofLoads = report.loadVectors.flatMap(({ loads }) => {
+        const known = loads.filter(({ pile }) => group.indexOf.has(pile));
+        const heads = known.map(({ pile }) => nodeAt(group, group.piles[group.indexOf.get(pile) ?? 0].first_node));
+        return [...tailsOf(heads, known.map(({ force }) => force), longest), ...tailsOf(heads, known.map(({ moment }) => moment), longest)];
+    });
+    const nodes = [...report.nodeValues.node].map((node) => nodeAt(group, node));
+    const { forces } = report.nodeValues;
+    return [...ofLoads, ...tailsOf(nodes, triples(forces, 0), longest), ...tailsOf(nodes, triples(forces, 3), longest)];
 }
 
 const largest = (values: readonly Vec[]): number => values.reduce((most, value) => Math.max(most, length(value)), 0);

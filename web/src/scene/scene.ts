@@ -12,7 +12,7 @@ import { boxOf, mudlineOf } from "./box.ts";
 import { wireControls } from "./controls.ts";
 import { makeEye } from "./eye.ts";
 import { makeLabelLayer, placeLabels } from "./label_layer.ts";
-import { availableLayers, makeLayer, type LayerContent } from "./layers.ts";
+import { arrowTails, availableLayers, makeLayer, type LayerContent } from "./layers.ts";
 import { showLegend } from "./legend.ts";
 import { makeShared, NO_CUT } from "./materials.ts";
 import { discard, makeModel } from "./model.ts";
@@ -72,7 +72,8 @@ export function makeScene(place: HTMLElement, report: Report, store: Store, tool
     const eye = makeEye(origin, shared);
     const available = availableLayers(report);
     const { low, high } = mudlineOf(box);
-    const points = pointsToSee(groups, [[low[0], low[1], 0], [low[0], high[1], 0], [high[0], low[1], 0], [high[0], high[1], 0]]);
+    const points = pointsToSee(groups, [[low[0], low[1], 0], [low[0], high[1], 0], [high[0], low[1], 0], [high[0], high[1], 0],
+        ...arrowTails(report, group, box)]);
     const widest = Math.max(0, ...model.runs.slice(0, 5000).map((run) => run.diameter)) / 2;
 
     // The elements of the view.

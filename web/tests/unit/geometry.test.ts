@@ -1,7 +1,7 @@
 // Frames, meshes, runs, picking, arrows, sections by depth, links and clashes, against values worked out by hand.
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { arrow, arrowScale, linearSpring, rotationalSpring, touchPoint } from "../../src/geometry/arrows.ts";
+import { arrow, arrowScale, linearSpring, rotationalSpring, tailsOf, touchPoint } from "../../src/geometry/arrows.ts";
 import { cutRings } from "../../src/geometry/cut.ts";
 import { frameAbout } from "../../src/geometry/frame.ts";
 import { clashRadius, linksOf } from "../../src/geometry/links.ts";
@@ -11,6 +11,13 @@ import { ball, cone, meshOf, stick } from "../../src/geometry/solids.ts";
 import { sidesFor, tubeSolids } from "../../src/geometry/tubes.ts";
 import { cross, dot, length, unit, type Vec } from "../../src/geometry/vec.ts";
 import { close, sampleGroup, sectionOf } from "./samples.ts";
+
+test("arrows begin as far from their points as their values say, in the direction they come from", () => {
+    // The largest value, 5, has the longest arrow, 10; half of it half of that. A zero has none.
+    const tips: Vec[] = [[0, 0, 0], [1, 1, 1], [7, 7, 7]];
+    assert.deepEqual(tailsOf(tips, [[3, 0, 4], [0, 2.5, 0], [0, 0, 0]], 10), [[-6, 0, -8], [1, -4, 1]]);
+    assert.deepEqual(tailsOf(tips.slice(0, 1), [[0, 0, 0]], 10), []);
+});
 
 test("the frame about x has y and z", () => {
     // u is level and across: (-0, 1, 0); v = axis x u = x x y = z.
