@@ -16,12 +16,14 @@ std::unique_ptr<CLI::App> make_program(int& code) {
                               "show the version and exit");
     program->set_help_flag("-h,--help", "show this help and exit");
     program->require_subcommand(1);
+    add_batch(*program, code);
     add_check(*program, code);
     add_completion(*program, code);
     add_diff(*program, code);
     add_dump(*program, code);
     add_export(*program, code);
     add_help(*program, code);
+    add_merge(*program, code);
     add_report(*program, code);
     add_sweep(*program, code);
     return program;

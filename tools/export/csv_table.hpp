@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvat::exporting {
@@ -20,6 +21,9 @@ public:
     void end_row();
 
     [[nodiscard]] const std::string& text() const { return text_; }
+
+    // What has been written since the last call, for tables that are longer than memory.
+    [[nodiscard]] std::string take() { return std::exchange(text_, {}); }
 
 private:
     void add_field(std::string_view text);

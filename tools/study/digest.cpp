@@ -17,4 +17,8 @@ std::string digest(std::string_view bytes) {
     return text;
 }
 
+std::uint64_t short_digest(std::string_view bytes) {
+    return XXH3_64bits(bytes.data(), bytes.size());
+}
+
 } // namespace korvat::study

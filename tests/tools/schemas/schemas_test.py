@@ -229,6 +229,50 @@ class Findings(unittest.TestCase):
         self.assertEqual(fault(check, document), "")
 
 
+class Studies(unittest.TestCase):
+    """What batch and merge tell of cases that end in different ways."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.scratch = tempfile.TemporaryDirectory()
+        cls.at = pathlib.Path(cls.scratch.name)
+        for example in EXAMPLES[:3]:
+            (cls.at / example.name).mkdir()
+            shutil.copy(example / "KORVAT.INP", cls.at / example.name)
+        (cls.at / "refused").mkdir()
+        (cls.at / "refused" / "KORVAT.INP").write_text("A pile\n\n 1.\n")
+        (cls.at / "list").write_bytes(b"\n".join([*(example.name.encode() for example in EXAMPLES[:3]), b"refused", b"no\xfce"]))
+        command = [TOOLS, "batch", "--program", KORVAT, "-f", "list", "--format", "json", "--quiet"]
+        done = subprocess.run(command, cwd=cls.at, capture_output=True)
+        assert done.returncode == 1, done.stderr.decode()
+        cls.summary = json.loads((cls.at / "summary.json").read_text())
+        cls.lines = [json.loads(line) for line in (cls.at / "batch.jsonl").read_text().splitlines()]
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.scratch.cleanup()
+
+    def test_each_document(self):
+        self.assertEqual([case["state"] for case in self.summary["cases"]], [*["fine"] * 3, "refused", "not run"])
+        self.assertEqual([line["case_bytes"] for line in self.lines if "case_bytes" in line], ["6e6ffc65"])
+        for document in (self.summary, *self.lines):
+            self.assertEqual(fault(schema_of(document), document), "")
+            COUNTS["documents"] += 1
+
+    def test_each_member_is_needed_and_of_one_type(self):
+        lines = [line for line in self.lines if "case_bytes" not in line]
+        for document in (self.summary, *lines):
+            refuse_mutants(self, schema_of(document), copy.deepcopy(document))
+
+    def test_parameters_are_texts(self):
+        for document, part in ((self.summary, self.summary["cases"][0]), (self.lines[0], self.lines[0])):
+            part["parameters"] = {"wall": "0.05"}
+            self.assertEqual(fault(schema_of(document), document), "")
+            part["parameters"] = {"wall": 0.05}
+            self.assertNotEqual(fault(schema_of(document), document), "")
+            part["parameters"] = {}
+
+
 def objects(value, shape=""):
     """The first object of each kind in a document: of one place in its form, and with the same members."""
     seen = set()
