@@ -22,7 +22,7 @@ PROGRAM = "usr/bin/korvat"
 TOOLS = "usr/bin/korvat-tools"
 MANUALS = "usr/share/man/man1"
 MANUAL = f"{MANUALS}/korvat.1.gz"
-COMMANDS = ("check", "completion", "diff", "dump", "export", "help", "report", "sweep")
+COMMANDS = ("batch", "check", "completion", "diff", "dump", "export", "help", "merge", "report", "sweep")
 TOOLS_MANUALS = [f"{MANUALS}/korvat-tools{command}.1.gz" for command in ("", *(f"-{name}" for name in COMMANDS))]
 COMPLETIONS = {"bash": "usr/share/bash-completion/completions/korvat-tools",
                "zsh": "usr/share/zsh/vendor-completions/_korvat-tools",
