@@ -111,7 +111,7 @@ Results results_of_file(const std::string& name) {
 Results read_results(const std::string& name) {
     try {
         std::error_code unknown;
-        const bool is_directory = name != "-" && fs::is_directory(name, unknown);
+        const bool is_directory = name != "-" && fs::is_directory(platform::path_of(name), unknown);
         return is_directory ? results_of_directory(name) : results_of_file(name);
     } catch (const check::CannotRead& error) {
         throw NoResults(Cause::cannot_be_read, error.what());
