@@ -117,6 +117,11 @@ void write_view(Markup& page) {
         "Without script and WebGL there is no view in three dimensions; the drawings below "
         "show the group.",
         {{"id", "no-3d"}, {"hidden", ""}});
+    page.open("noscript");
+    page.element("p",
+                 "Without script there is no view in three dimensions; the drawings below show "
+                 "the group.");
+    page.close();
     page.element("div", "", {{"id", "scene"}});
     page.element("aside", "",
                  {{"id", "details"}, {"aria-live", "polite"}, {"aria-label", "Details"}});

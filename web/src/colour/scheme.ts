@@ -60,7 +60,8 @@ function byAmount(title: string, runs: readonly Run[], unit: string | null, amou
 }
 
 /** Kinds by number: a colour each, from the ramp when there are more than the palette has; 0 is none. */
-function byKind(title: string, runs: readonly Run[], kindOf: (run: Run) => number, nameOf: (kind: number) => string): Colouring {
+function byKind(title: string, runs: readonly Run[], kindOf: (run: Run) => number, nameOf: (kind: number) => string,
+    none = "none"): Colouring {
     const kinds = ascending(runs.map(kindOf));
     const real = kinds.filter((kind) => kind > 0);
     const colours = new Map<number, Rgb>(
@@ -68,7 +69,7 @@ function byKind(title: string, runs: readonly Run[], kindOf: (run: Run) => numbe
     );
     return {
         title,
-        entries: kinds.map((kind) => ({ label: kind > 0 ? nameOf(kind) : "none", colour: colours.get(kind) ?? NONE })),
+        entries: kinds.map((kind) => ({ label: kind > 0 ? nameOf(kind) : none, colour: colours.get(kind) ?? NONE })),
         continuous: false,
         colourOf: (run) => colours.get(kindOf(run)) ?? NONE,
     };
@@ -107,7 +108,7 @@ export function colouringOf(report: Report, group: Group, runs: readonly Run[], 
             return byKind(TITLES.material, runs, (run) => materialOf(group, run.section) ?? 0, (kind) => {
                 const name = report.materials.get(kind)?.name;
                 return name ? `${kind}: ${name}` : `${kind}`;
-            });
+            }, "several, or not known");
         case "pile":
             return byPile(group, runs);
         case "origin":
